@@ -1,0 +1,1 @@
+// Hosts the precompiled headers that the other targets reuse.

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Zarlo-TimeTable on a Debian 12 machine.
+#   ./run.sh         install what is missing, build (Release) and start the program
+#   ./run.sh test    install what is missing, build and run every test (offscreen)
+set -euo pipefail
+cd "$(dirname "$0")"
+
+PACKAGES=(cmake ninja-build g++ ccache pkg-config qt6-base-dev libqt6sql6-sqlite libxlsxwriter-dev
+          libsqlite3-dev xvfb xauth poppler-utils)
+
+install_missing() {
+    local missing=()
+    for p in "${PACKAGES[@]}"; do
+        dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+    done
+    if [ ${#missing[@]} -gt 0 ]; then
+        echo "Installing: ${missing[*]}"
+        local sudo=""
+        [ "$(id -u)" -ne 0 ] && sudo="sudo"
+        $sudo apt-get update -qq
+        DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${missing[@]}"
+    fi
+}
+
+build() {
+    local dir=$1 type=$2
+    cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE="$type" >/dev/null
+    cmake --build "$dir" -j "$(nproc)"
+}
+
+install_missing
+case "${1:-run}" in
+    test)
+        build build-test Debug
+        cd build-test
+        QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
+        ;;
+    run)
+        build build Release
+        exec ./build/src/app/zarlo-timetable
+        ;;
+    *)
+        echo "usage: ./run.sh [test]" >&2
+        exit 2
+        ;;
+esac

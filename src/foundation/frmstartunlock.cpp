@@ -1,0 +1,83 @@
+#include "frmstartunlock.h"
+#include "messageservice.h"
+#include "privileges.h"
+#include "screen.h"
+#include "session.h"
+#include "storeerror.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+frmStartUnlock::frmStartUnlock(AppContext &ctx, QWidget *parent)
+    : QDialog(parent), m_ctx(ctx)
+{
+    setObjectName(QStringLiteral("frmStartUnlock"));
+    setWindowTitle(QStringLiteral("Unlock"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setModal(true);
+
+    m_txtLoginID = new QLineEdit(this);
+    m_txtLoginID->setObjectName(QStringLiteral("txtLoginID"));
+    m_txtLoginID->setMaxLength(15);
+    m_txtPassword = new QLineEdit(this);
+    m_txtPassword->setObjectName(QStringLiteral("txtPassword"));
+    m_txtPassword->setMaxLength(15);
+    m_txtPassword->setEchoMode(QLineEdit::Password);
+    m_cmdOK = new QPushButton(QStringLiteral("&OK"), this);
+    m_cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    m_cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    m_cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    m_cmdOK->setAutoDefault(false);
+    m_cmdCancel->setAutoDefault(false);
+
+    auto *fields = new QFormLayout;
+    fields->addRow(QStringLiteral("Login ID :"), m_txtLoginID);
+    fields->addRow(QStringLiteral("Password :"), m_txtPassword);
+    auto *buttons = new QDialogButtonBox(this);
+    buttons->addButton(m_cmdOK, QDialogButtonBox::AcceptRole);
+    buttons->addButton(m_cmdCancel, QDialogButtonBox::RejectRole);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(fields);
+    layout->addWidget(buttons);
+
+    connect(m_cmdOK, &QPushButton::clicked, this, &frmStartUnlock::ok);
+    connect(m_cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    Screen::applyConventions(this, ctx, 0);
+}
+
+void frmStartUnlock::ok()
+{
+    const QString login = m_txtLoginID->text().trimmed();
+    const QString password = m_txtPassword->text().trimmed();
+    if (login.isEmpty()) {
+        m_ctx.messages->information(QStringLiteral("Enter Login ID"));
+        m_txtLoginID->setFocus();
+        return;
+    }
+    if (password.isEmpty()) {
+        m_ctx.messages->information(QStringLiteral("Enter Password"));
+        m_txtPassword->setFocus();
+        return;
+    }
+    bool noLogins = false;
+    try {
+        noLogins = Privileges::noLoginsExist(m_ctx.db());
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+        return;
+    }
+    const bool matches = login.compare(m_ctx.session.loginId, Qt::CaseInsensitive) == 0
+        && password.compare(m_ctx.session.password, Qt::CaseInsensitive) == 0;
+    if (!noLogins && !matches) {
+        m_ctx.messages->information(QStringLiteral("Enter Correct Login ID / Password"));
+        m_txtLoginID->clear();
+        m_txtPassword->clear();
+        m_txtLoginID->setFocus();
+        return;
+    }
+    emit unlocked();
+    accept();
+}

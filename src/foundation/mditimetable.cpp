@@ -1,0 +1,346 @@
+#include "mditimetable.h"
+#include "artwork.h"
+#include "frmaboutus.h"
+#include "frmstartlock.h"
+#include "mainmenu.h"
+#include "messageservice.h"
+#include "routines.h"
+#include "runstatus.h"
+#include "screen.h"
+#include "screenregistry.h"
+#include "sql.h"
+#include "storeerror.h"
+#include "store.h"
+#include "apppaths.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace {
+const char *const TopMenus[] = {"mnuMasters", "mnuTimeTableEntry", "mnuReports", "mnuUtilities"};
+}
+
+mdiTimeTable::mdiTimeTable(AppContext &ctx, const ScreenRegistry &registry, QWidget *parent)
+    : QMainWindow(parent), m_ctx(ctx), m_registry(registry)
+{
+    setObjectName(QStringLiteral("mdiTimeTable"));
+    setWindowTitle(QStringLiteral("Zarlo-TimeTable"));
+    m_area = new QMdiArea(this);
+    m_area->setObjectName(QStringLiteral("mdiArea"));
+    m_area->viewport()->installEventFilter(this);
+    setCentralWidget(m_area);
+    setStyleSheet(QStringLiteral("QMainWindow { background: rgb(244, 234, 244); }"));
+
+    m_statusUser = new QLabel(this);
+    m_statusUser->setObjectName(QStringLiteral("lblUserName"));
+    statusBar()->addWidget(m_statusUser, 1);
+
+    m_tmrTimer = new QTimer(this);
+    m_tmrTimer->setObjectName(QStringLiteral("tmrTimer"));
+    m_tmrTimer->setInterval(1000);
+    connect(m_tmrTimer, &QTimer::timeout, this, &mdiTimeTable::heartbeat);
+
+    buildMenu();
+    connect(this, &mdiTimeTable::programEnded, this, [this] { m_ending = true; });
+    resize(1024, 720);
+}
+
+mdiTimeTable::~mdiTimeTable()
+{
+    // The child screens go down with the window: their end must not call back into it.
+    for (QWidget *screen : m_area->findChildren<QWidget *>())
+        disconnect(screen, nullptr, this, nullptr);
+}
+
+void mdiTimeTable::buildMenu()
+{
+    MainMenu::build(menuBar());
+    for (QAction *action : menuBar()->findChildren<QAction *>()) {
+        const QString opens = action->data().toString();
+        if (opens.isEmpty())
+            continue;
+        connect(action, &QAction::triggered, this, [this, opens] { openScreen(opens); });
+    }
+    if (auto *windows = menuBar()->findChild<QMenu *>(QStringLiteral("mnuWindows")))
+        connect(windows, &QMenu::aboutToShow, this, &mdiTimeTable::fillWindowsMenu);
+}
+
+bool mdiTimeTable::load()
+{
+    try {
+        setBackground(false);
+        const QVariant option = Sql(m_ctx.db()).scalar(QStringLiteral("SELECT * FROM Options"));
+        if (option.toString() == QLatin1String("Y"))
+            m_ctx.session.confirmExit = true;
+        else if (option.toString() == QLatin1String("N"))
+            m_ctx.session.confirmExit = false;
+        m_ctx.session.calendar.load(m_ctx.db());
+        RunStatus::ensureClasswiseWorkingDays(m_ctx.db());
+        RunStatus::reset(m_ctx.db());
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+        emit programEnded();
+        return false;
+    }
+    m_tmrTimer->start();
+    return true;
+}
+
+void mdiTimeTable::applyPrivileges(bool noLoginsExist, const QStringList &displayGrants)
+{
+    QStringList enable;
+    if (noLoginsExist) {
+        enable = {QStringLiteral("mnuUtilities"), QStringLiteral("mnufrmUtilUserMaster"),
+                  QStringLiteral("mnufrmUtilUserPrivilegeMaster")};
+    } else {
+        for (const QString &form : displayGrants)
+            enable << QStringLiteral("mnu") + form;
+    }
+    // Entry names compare without case: a privilege row may spell a form name with other capitals.
+    for (const MenuEntry &entry : MainMenu::entries()) {
+        const QString name = QString::fromLatin1(entry.name);
+        auto *action = menuBar()->findChild<QAction *>(name);
+        if (!action)
+            continue;
+        const bool granted = std::any_of(enable.cbegin(), enable.cend(), [&](const QString &key) {
+            return key.compare(name, Qt::CaseInsensitive) == 0;
+        });
+        action->setEnabled(entry.enabled || granted);
+    }
+}
+
+void mdiTimeTable::activate()
+{
+    m_statusUser->setText(QStringLiteral("User Name : ") + m_ctx.session.userName.trimmed());
+    if (!m_ctx.session.calendar.schoolSetUp)
+        openScreen(QStringLiteral("frmSchoolSetup"));
+}
+
+void mdiTimeTable::openScreen(const QString &formName)
+{
+    if (formName == QLatin1String("mnuLock"))
+        return lock();
+    if (formName == QLatin1String("mnuClose"))
+        return closeProgram();
+    if (formName == QLatin1String("frmAboutUs")) {
+        auto *about = new frmAboutUs(m_ctx, this);
+        about->open();
+        return;
+    }
+    if (formName == QLatin1String("frmManualPeriodsEntry"))
+        return openManualPeriodsEntry();
+
+    if (const ScreenRegistry::Command *command = m_registry.command(formName)) {
+        (*command)(m_ctx);
+        return;
+    }
+    const ScreenRegistry::Screen *screen = m_registry.screen(formName);
+    if (!screen)
+        return; // a screen still to come: its entry stands in the menu and opens nothing yet
+    // A screen that is open already comes to the front.
+    for (QMdiSubWindow *window : m_area->subWindowList()) {
+        if (window->widget() && window->widget()->objectName().compare(formName, Qt::CaseInsensitive) == 0) {
+            m_area->setActiveSubWindow(window);
+            return;
+        }
+    }
+    if (screen->exclusive && OtherChildOpen()) {
+        m_ctx.messages->information(screen->refusalText);
+        return;
+    }
+    try {
+        showChild(formName, screen->factory(m_ctx), screen->exclusive);
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+    }
+}
+
+void mdiTimeTable::openManualPeriodsEntry()
+{
+    const ScreenRegistry::Screen *screen = m_registry.screen(QStringLiteral("frmManualPeriodsEntry"));
+    try {
+        const QSqlDatabase db = m_ctx.db();
+        const SchoolCalendar &calendar = m_ctx.session.calendar;
+        if (ClassesUnderAllotted(db, calendar)) {
+            const QString text =
+                QStringLiteral("Working Periods In Few Classes Are Not Properly Filled\r"
+                               "You Can See These Details In 'WorkAllotment Details Report' Or "
+                               "'WorkAllotment Non Tallied Classes Report'\r"
+                               "Without Filling These Periods You Can Proceed With 'Manual Entry'\r"
+                               "Do You Want To Proceed ?");
+            if (!m_ctx.messages->question(text))
+                return;
+        }
+        if (ClassesOverAllotted(db, calendar)) {
+            const QString text = QStringLiteral("'Periods Alloted' Is Greater Than 'Periods Per Week' For Some "
+                                                "Classes.\rDo You Want To View The Details ?");
+            if (m_ctx.messages->question(text))
+                openScreen(QStringLiteral("frmBlankPeriods"));
+            return;
+        }
+        if (!screen)
+            return;
+        statusBar()->hide();
+        showChild(QStringLiteral("frmManualPeriodsEntry"), screen->factory(m_ctx), false);
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+    }
+}
+
+void mdiTimeTable::showChild(const QString &formName, QWidget *screen, bool exclusive)
+{
+    if (!screen)
+        return;
+    if (screen->objectName().isEmpty())
+        screen->setObjectName(formName);
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    screen->installEventFilter(this); // the frame's close goes through ConfirmExit as Exit does
+    setBackground(true);
+    QMdiSubWindow *window = m_area->addSubWindow(screen);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    const bool hidStatusBar = !statusBar()->isVisible();
+    connect(screen, &QObject::destroyed, this,
+            [this, exclusive, hidStatusBar](QObject *gone) { childClosed(gone, exclusive, hidStatusBar); });
+    if (exclusive) {
+        m_ctx.session.exclusiveScreenOpen = true;
+        setTopMenusVisible(false);
+    }
+    window->show();
+    // Centred in the client area, at the size the screen asks for.
+    window->adjustSize();
+    const QRect area = m_area->viewport()->rect();
+    window->move(qMax(0, (area.width() - window->width()) / 2), qMax(0, (area.height() - window->height()) / 2));
+    m_area->setActiveSubWindow(window);
+}
+
+void mdiTimeTable::childClosed(QObject *gone, bool exclusive, bool hidStatusBar)
+{
+    if (exclusive) {
+        m_ctx.session.exclusiveScreenOpen = false;
+        setTopMenusVisible(true);
+    }
+    if (hidStatusBar || !statusBar()->isVisible())
+        statusBar()->show();
+    int open = 0;
+    for (QMdiSubWindow *window : m_area->subWindowList())
+        open += window->widget() && window->widget() != gone ? 1 : 0;
+    setBackground(open > 0);
+}
+
+bool mdiTimeTable::OtherChildOpen() const
+{
+    const QList<QMdiSubWindow *> windows = m_area->subWindowList();
+    return std::any_of(windows.cbegin(), windows.cend(),
+                       [](QMdiSubWindow *w) { return w->widget() && w->isVisible(); });
+}
+
+void mdiTimeTable::RestoreBackground()
+{
+    setBackground(OtherChildOpen());
+}
+
+void mdiTimeTable::setBackground(bool childOpen)
+{
+    m_childBackground = childOpen;
+    const QScreen *screen = this->screen();
+    const bool small = screen && Artwork::isSmallScreen(screen->size());
+    const QPixmap picture = Artwork::background(childOpen ? Artwork::Background::ChildOpen
+                                                          : Artwork::Background::NoChild,
+                                                m_area->viewport()->size(), small);
+    if (!m_ctx.tempFolder.isEmpty())
+        Artwork::exportPicture(picture, (childOpen ? 1002 : 1001) + (small ? 2 : 0), m_ctx.tempFolder);
+    m_area->setBackground(QBrush(picture));
+}
+
+void mdiTimeTable::setTopMenusVisible(bool visible)
+{
+    for (const char *name : TopMenus) {
+        if (auto *action = menuBar()->findChild<QAction *>(QString::fromLatin1(name)))
+            action->setVisible(visible);
+    }
+}
+
+void mdiTimeTable::fillWindowsMenu()
+{
+    auto *windows = menuBar()->findChild<QMenu *>(QStringLiteral("mnuWindows"));
+    windows->clear();
+    const QList<QMdiSubWindow *> list = m_area->subWindowList();
+    for (QMdiSubWindow *window : list) {
+        QAction *item = windows->addAction(window->windowTitle());
+        item->setCheckable(true);
+        item->setChecked(window == m_area->activeSubWindow());
+        connect(item, &QAction::triggered, window, [this, window] { m_area->setActiveSubWindow(window); });
+    }
+}
+
+void mdiTimeTable::heartbeat()
+{
+    if (m_heartbeatFailing)
+        return; // one box at a time: the timer goes on once the user has read it
+    try {
+        RunStatus::heartbeat(m_ctx.db());
+    } catch (const StoreError &error) {
+        m_heartbeatFailing = true;
+        m_ctx.messages->critical(error.text());
+        m_heartbeatFailing = false;
+    }
+}
+
+void mdiTimeTable::lock()
+{
+    auto *lockScreen = new frmStartLock(m_ctx, this);
+    connect(lockScreen, &frmStartLock::closeProgramRequested, this, &mdiTimeTable::programEnded);
+    connect(lockScreen, &frmStartLock::unlocked, this, &mdiTimeTable::RestoreBackground);
+    lockScreen->open();
+}
+
+void mdiTimeTable::closeProgram()
+{
+    if (!m_ctx.messages->question(QStringLiteral("Do You Want To Close 'Zarlo-TimeTable' ?")))
+        return;
+    m_tmrTimer->stop();
+    try {
+        RunStatus::markStopped(m_ctx.db());
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+    }
+    Store::close(m_ctx.connectionName);
+    AppPaths::removeFolder(m_ctx.tempFolder);
+    emit programEnded();
+}
+
+void mdiTimeTable::closeEvent(QCloseEvent *event)
+{
+    if (m_ending) {
+        event->accept();
+        return;
+    }
+    m_ctx.messages->information(
+        QStringLiteral("If You Want To Close 'Zarlo - TimeTable', Click On The Close Menu"));
+    event->ignore();
+}
+
+bool mdiTimeTable::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_area->viewport() && event->type() == QEvent::Resize) {
+        setBackground(m_childBackground);
+        return false;
+    }
+    if (event->type() == QEvent::Close) {
+        auto *screen = qobject_cast<QWidget *>(watched);
+        if (screen && !screen->property("ttExitConfirmed").toBool()
+            && !Screen::ConfirmExit(m_ctx, screen->windowTitle())) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

@@ -1,0 +1,45 @@
+#pragma once
+#include <QObject>
+#include <QString>
+
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+struct AppContext;
+
+// The conventions every entry screen keeps, each usable in a line or two from a screen's constructor.
+namespace Screen {
+
+// Enter moves on like Tab (and pushes a button it reaches), every text box selects its text on focus,
+// and F1 opens the help page `helpScreenNo`. Call once, after the screen has built its controls.
+void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo);
+// The field takes digits only (Enter and Backspace still work); `maxLength` > 0 also limits its length.
+void DigitsOnly(QLineEdit *field, int maxLength = 0);
+// Empties every text box, list and grid of the screen; dates go to today, check boxes off.
+void ClearControls(QWidget *screen);
+// Asks "Do You Want To Exit <title> ?" when the Options setting wants it; true when the screen may close.
+bool ConfirmExit(AppContext &ctx, const QString &title);
+// Closes the screen's window (the child window around it, if any) without asking again.
+void closeScreen(QWidget *screen);
+// Places a top-level form in the middle of the main window.
+void CentreForm(QWidget *form, const QWidget *mainWindow);
+// Makes the drop-down list wide enough for its widest item.
+void WidenDropDown(QComboBox *combo);
+
+// The states of an entry screen's buttons: idle, a row chosen, New pressed, Edit pressed.
+enum class EntryState { Idle, Chosen, New, Edit };
+
+// The standard buttons of an entry screen and its data frame, switched together.
+struct EntryButtons
+{
+    QWidget *frame = nullptr;
+    QPushButton *cmdNew = nullptr;
+    QPushButton *cmdEdit = nullptr;
+    QPushButton *cmdDelete = nullptr; // may be absent
+    QPushButton *cmdSave = nullptr;
+
+    void setState(EntryState state) const;
+};
+
+}

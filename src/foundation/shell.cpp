@@ -1,0 +1,96 @@
+#include "shell.h"
+#include "apppaths.h"
+#include "frmsplash.h"
+#include "frmstartlogin.h"
+#include "mditimetable.h"
+#include "messageservice.h"
+#include "privileges.h"
+#include "store.h"
+#include "storeerror.h"
+
+#include <QTimer>
+
+Shell::Shell(const ScreenRegistry &registry, MessageService &messages, const QString &dataFolder, QObject *parent)
+    : QObject(parent), m_registry(registry)
+{
+    m_ctx.connectionName = mainConnectionName();
+    m_ctx.dataFolder = dataFolder;
+    m_ctx.tempFolder = AppPaths::tempFolder(dataFolder);
+    m_ctx.messages = &messages;
+}
+
+Shell::~Shell()
+{
+    m_main.reset();
+    m_login.reset();
+    m_splash.reset();
+    Store::close(m_ctx.connectionName);
+}
+
+void Shell::start()
+{
+    m_splash = std::make_unique<frmSplash>(m_ctx);
+    connect(m_splash.get(), &frmSplash::movieCommand, this, &Shell::movieCommand);
+    m_splash->show();
+}
+
+void Shell::movieCommand(const QString &command, const QString &argument)
+{
+    if (command != QLatin1String("quit") || m_connected)
+        return;
+    if (argument == QLatin1String("true"))
+        return end();
+    if (argument == QLatin1String("enter"))
+        connectStores();
+}
+
+void Shell::connectStores()
+{
+    try {
+        Store::open(StoreFile::Main, m_ctx.dataFolder, m_ctx.connectionName);
+        // The companion files are opened at each use; here they are only made when missing.
+        for (StoreFile companion : {StoreFile::BackupHistory, StoreFile::Help}) {
+            const QString name = QStringLiteral("tt_check_companion");
+            Store::open(companion, m_ctx.dataFolder, name);
+            Store::close(name);
+        }
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+        return; // the program stays on the splash, as it always has
+    }
+    m_connected = true;
+    m_login = std::make_unique<frmStartLogin>(m_ctx);
+    connect(m_login.get(), &frmStartLogin::loggedIn, this, &Shell::loggedIn);
+    connect(m_login.get(), &frmStartLogin::programEnded, this, &Shell::end);
+    m_login->show();
+    m_splash->hide();
+    m_splash.release()->deleteLater();
+}
+
+void Shell::loggedIn(bool noLoginsExist)
+{
+    m_main = std::make_unique<mdiTimeTable>(m_ctx, m_registry);
+    m_ctx.host = m_main.get();
+    connect(m_main.get(), &mdiTimeTable::programEnded, this, &Shell::end);
+    if (!m_main->load())
+        return;
+    QStringList grants;
+    if (!noLoginsExist) {
+        try {
+            grants = Privileges::displayGrants(m_ctx.db(), m_ctx.session.userCode);
+        } catch (const StoreError &error) {
+            m_ctx.messages->critical(error.text());
+        }
+    }
+    m_main->applyPrivileges(noLoginsExist, grants);
+    m_main->showMaximized();
+    m_login->hide();
+    m_login.release()->deleteLater();
+    // The activation runs once the window is up, so that School Setup can open above it.
+    QTimer::singleShot(0, m_main.get(), &mdiTimeTable::activate);
+}
+
+void Shell::end()
+{
+    emit finished();
+}
