@@ -69,6 +69,9 @@ void frmHelp::showPage(const HelpPage &page)
     // A label takes a single '&' for an accelerator mark.
     m_lblName->setText(QString(page.screenName).replace(QLatin1Char('&'), QStringLiteral("&&")));
     m_txtDetail->setPlainText(page.details);
+    const QList<QTreeWidgetItem *> nodes = m_tvwDisplay->findItems(page.screenName, Qt::MatchFixedString);
+    if (!nodes.isEmpty())
+        m_tvwDisplay->setCurrentItem(nodes.first());
 }
 
 void frmHelp::nodeClicked(QTreeWidgetItem *item)

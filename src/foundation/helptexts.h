@@ -9,5 +9,5 @@ struct HelpText {
     QString details;
 };
 
-// Every help page, in screen-number order.
+// Every help page, in screen-number order. Page 4 serves frmCityMaster and frmClasswiseWorkingDaysSetup.
 const QList<HelpText> &helpTexts();

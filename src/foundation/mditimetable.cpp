@@ -170,19 +170,21 @@ void mdiTimeTable::openManualPeriodsEntry()
         const QSqlDatabase db = m_ctx.db();
         const SchoolCalendar &calendar = m_ctx.session.calendar;
         if (ClassesUnderAllotted(db, calendar)) {
-            const QString text =
-                QStringLiteral("Working Periods In Few Classes Are Not Properly Filled\r"
-                               "You Can See These Details In 'WorkAllotment Details Report' Or "
-                               "'WorkAllotment Non Tallied Classes Report'\r"
-                               "Without Filling These Periods You Can Proceed With 'Manual Entry'\r"
-                               "Do You Want To Proceed ?");
-            if (!m_ctx.messages->question(text))
+            const QStringList question = {
+                QStringLiteral("Working Periods In Few Classes Are Not Properly Filled"),
+                QStringLiteral(
+                    "You Can See These Details In 'WorkAllotment Details Report' Or 'WorkAllotment Non Tallied Classes Report'"),
+                QStringLiteral("Without Filling These Periods You Can Proceed With 'Manual Entry'"),
+                QStringLiteral("Do You Want To Proceed ?")};
+            if (!m_ctx.messages->question(question.join(QLatin1Char('\r'))))
                 return;
         }
+        // An over-allotted class keeps the manual screen shut; the user may look at the details instead.
         if (ClassesOverAllotted(db, calendar)) {
-            const QString text = QStringLiteral("'Periods Alloted' Is Greater Than 'Periods Per Week' For Some "
-                                                "Classes.\rDo You Want To View The Details ?");
-            if (m_ctx.messages->question(text))
+            const QStringList question = {
+                QStringLiteral("'Periods Alloted' Is Greater Than 'Periods Per Week' For Some Classes."),
+                QStringLiteral("Do You Want To View The Details ?")};
+            if (m_ctx.messages->question(question.join(QLatin1Char('\r'))))
                 openScreen(QStringLiteral("frmBlankPeriods"));
             return;
         }
@@ -213,9 +215,10 @@ void mdiTimeTable::showChild(const QString &formName, QWidget *screen, bool excl
         m_ctx.session.exclusiveScreenOpen = true;
         setTopMenusVisible(false);
     }
+    const QSize wanted = screen->testAttribute(Qt::WA_Resized) ? screen->size() : screen->sizeHint();
     window->show();
     // Centred in the client area, at the size the screen asks for.
-    window->adjustSize();
+    window->resize(wanted + (window->size() - screen->size()));
     const QRect area = m_area->viewport()->rect();
     window->move(qMax(0, (area.width() - window->width()) / 2), qMax(0, (area.height() - window->height()) / 2));
     m_area->setActiveSubWindow(window);

@@ -1,6 +1,15 @@
 #pragma once
 #include <QString>
 
+// The closing words of the entry screens' Save and Delete.
+namespace Texts {
+inline QString recordSaved() { return QStringLiteral("Record Saved"); }
+inline QString recordUpdated() { return QStringLiteral("Record Updated"); }
+inline QString recordDeleted() { return QStringLiteral("Record Deleted"); }
+// The caption of screens that close on Esc.
+inline QString escCloses() { return QStringLiteral("Press 'ESC' To Close The Window"); }
+}
+
 // Every message box of the program goes through this interface: the desktop shows real boxes, tests put a
 // scripted double in its place, and the headless tool answers as its options say.
 class MessageService

@@ -5,6 +5,16 @@
 
 namespace Privileges {
 
+const QList<ButtonNode> &buttonNodes()
+{
+    static const QList<ButtonNode> nodes = {
+        {New, "New", "New"},          {Edit, "Edit", "Edit"},         {Delete, "Delete", "Delete"},
+        {Save, "Save", "Save"},       {Backup, "BackUp", "Backup"},   {Restore, "Restore", "Restor"},
+        {Copy, "Copy", "Copy"},       {Print, "", "Print"},
+    };
+    return nodes;
+}
+
 bool noLoginsExist(const QSqlDatabase &db)
 {
     return !Sql(db).exists(QStringLiteral("SELECT 1 FROM UserPrivilegeMaster LIMIT 1"));

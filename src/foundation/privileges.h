@@ -1,6 +1,7 @@
 #pragma once
 #include <QChar>
 #include <QSqlDatabase>
+#include <QList>
 #include <QStringList>
 
 struct AppContext;
@@ -19,6 +20,24 @@ constexpr QChar Backup = QLatin1Char('B');
 constexpr QChar Restore = QLatin1Char('R');
 constexpr QChar Copy = QLatin1Char('C');
 constexpr QChar Print = QLatin1Char('P');
+
+// A button node of the privilege tree: its code, the text it shows and the suffix of its key (the form
+// name + suffix). "Restor" is spelled so in every stored key.
+struct ButtonNode
+{
+    QChar code;
+    const char *text;
+    const char *keySuffix;
+};
+// New, Edit, Delete (cmdNew, cmdEdit, cmdDelete), Save (frmOptions), BackUp and Restore (cmdBackup and the
+// restore of frmFileBackupRestore), Copy (cmdTransfer of the privileges screen) and Print, which no screen asks.
+const QList<ButtonNode> &buttonNodes();
+// The two literal keys of the application-date codes 'A' and 'M', which no screen uses.
+inline QString applicationDateKey(QChar code)
+{
+    return code == QLatin1Char('A') ? QStringLiteral("frmUtilApplicationDateSetupAdd")
+                                    : QStringLiteral("frmUtilApplicationDateSetupDel");
+}
 
 // True when no UserPrivilegeMaster row exists: no access control yet.
 bool noLoginsExist(const QSqlDatabase &db);

@@ -1,5 +1,6 @@
 #pragma once
 #include <QSqlDatabase>
+#include <QString>
 #include <QStringList>
 
 // The school's week: working days, periods a day, the shorter last day and the morning session. Every grid,
@@ -25,6 +26,12 @@ struct SchoolCalendar
     int periodsOn(int dayCode) const;
     // Is (day, period) a real period of the week? The last row of a week grid has columns that are not.
     bool isPeriod(int dayCode, int periodCode) const;
+    // The refusal of a click beyond the last day's periods on a week grid.
+    QString lastDayRefusal() const
+    {
+        return QStringLiteral("Last Working Day Has Only ") + QString::number(periodsOnLastWorkingDay)
+            + QStringLiteral(" Periods");
+    }
     // Periods 1 to PeriodsInMorningSession are the morning, the rest of the day the afternoon.
     bool isMorning(int periodCode) const { return periodCode >= 1 && periodCode <= periodsInMorningSession; }
 

@@ -30,7 +30,8 @@ void WidenDropDown(QComboBox *combo);
 // The states of an entry screen's buttons: idle, a row chosen, New pressed, Edit pressed.
 enum class EntryState { Idle, Chosen, New, Edit };
 
-// The standard buttons of an entry screen and its data frame, switched together.
+// The standard buttons of an entry screen (cmdNew, cmdEdit, cmdDelete, cmdSave; cmdCancel, cmdExit and often
+// cmdSearch stay enabled) and its data frame (fraMain, or Frame1 on small screens), switched together.
 struct EntryButtons
 {
     QWidget *frame = nullptr;
