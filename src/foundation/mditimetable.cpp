@@ -176,7 +176,7 @@ void mdiTimeTable::openManualPeriodsEntry()
                     "You Can See These Details In 'WorkAllotment Details Report' Or 'WorkAllotment Non Tallied Classes Report'"),
                 QStringLiteral("Without Filling These Periods You Can Proceed With 'Manual Entry'"),
                 QStringLiteral("Do You Want To Proceed ?")};
-            if (!m_ctx.messages->question(question.join(QLatin1Char('\r'))))
+            if (!m_ctx.messages->question(question.join(QLatin1Char('\n'))))
                 return;
         }
         // An over-allotted class keeps the manual screen shut; the user may look at the details instead.
@@ -184,7 +184,7 @@ void mdiTimeTable::openManualPeriodsEntry()
             const QStringList question = {
                 QStringLiteral("'Periods Alloted' Is Greater Than 'Periods Per Week' For Some Classes."),
                 QStringLiteral("Do You Want To View The Details ?")};
-            if (m_ctx.messages->question(question.join(QLatin1Char('\r'))))
+            if (m_ctx.messages->question(question.join(QLatin1Char('\n'))))
                 openScreen(QStringLiteral("frmBlankPeriods"));
             return;
         }

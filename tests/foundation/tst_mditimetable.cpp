@@ -246,11 +246,11 @@ private slots:
         mdiTimeTable window(store.context(), registry);
         window.show();
         const QString under = QStringLiteral(
-            "Working Periods In Few Classes Are Not Properly Filled\rYou Can See These Details In 'WorkAllotment "
-            "Details Report' Or 'WorkAllotment Non Tallied Classes Report'\rWithout Filling These Periods You Can "
-            "Proceed With 'Manual Entry'\rDo You Want To Proceed ?");
+            "Working Periods In Few Classes Are Not Properly Filled\nYou Can See These Details In 'WorkAllotment "
+            "Details Report' Or 'WorkAllotment Non Tallied Classes Report'\nWithout Filling These Periods You Can "
+            "Proceed With 'Manual Entry'\nDo You Want To Proceed ?");
         const QString over = QStringLiteral("'Periods Alloted' Is Greater Than 'Periods Per Week' For Some Classes."
-                                            "\rDo You Want To View The Details ?");
+                                            "\nDo You Want To View The Details ?");
         allot(store, 30);
         messages.expectQuestion(under, false);
         window.openScreen(QStringLiteral("frmManualPeriodsEntry"));
