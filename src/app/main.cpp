@@ -1,6 +1,7 @@
 #include "apppaths.h"
 #include "dialogmessageservice.h"
 #include "frmhelp.h"
+#include "schooldatascreens.h"
 #include "screenregistry.h"
 #include "shell.h"
 
@@ -13,6 +14,7 @@ namespace {
 void registerScreens(ScreenRegistry &registry)
 {
     registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
+    registerSchoolDataScreens(registry);
 }
 }
 

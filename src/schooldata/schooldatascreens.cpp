@@ -1,0 +1,7 @@
+#include "schooldatascreens.h"
+#include "screenregistry.h"
+
+void registerSchoolDataScreens(ScreenRegistry &registry)
+{
+    Q_UNUSED(registry)
+}
