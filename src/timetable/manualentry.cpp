@@ -6,6 +6,21 @@
 
 using namespace Placement;
 
+namespace {
+// One line for each kind of group found, in the order subject, class, teacher.
+QString kindLines(const GroupKinds &kinds, const QString &subject, const QString &classes, const QString &teachers)
+{
+    QString text;
+    if (kinds.combinedSubject)
+        text += subject + QLatin1Char('\n');
+    if (kinds.combinedClass)
+        text += classes + QLatin1Char('\n');
+    if (kinds.combinedTeacher)
+        text += teachers + QLatin1Char('\n');
+    return text;
+}
+}
+
 bool ManualEntry::beyondLastDay(const PeriodSlot &slot)
 {
     if (m_calendar.periodsPerDay == m_calendar.periodsOnLastWorkingDay)
@@ -34,12 +49,9 @@ bool ManualEntry::confirmModify(int classCode, int division, const PeriodSlot &s
     QString text = QStringLiteral("Already Class ") + names.value(0).toString().trimmed() + QLatin1Char('/')
         + names.value(1).toString().trimmed() + QStringLiteral(" Is Allotted With ")
         + names.value(2).toString().trimmed() + QLatin1Char('\n');
-    if (kinds.combinedSubject)
-        text += QStringLiteral("It Also Has A Combined Subject Entry\n");
-    if (kinds.combinedClass)
-        text += QStringLiteral("It Also Has A Combined Class Entry\n");
-    if (kinds.combinedTeacher)
-        text += QStringLiteral("It Also Has A Combined Teacher Entry\n");
+    text += kindLines(kinds, QStringLiteral("It Also Has A Combined Subject Entry"),
+                      QStringLiteral("It Also Has A Combined Class Entry"),
+                      QStringLiteral("It Also Has A Combined Teacher Entry"));
     if (kinds.any())
         text += QStringLiteral("Modifing This Will Remove All The Corresponding Entries\n");
     text += QStringLiteral("Do You Want To Modify It ? ");
@@ -84,15 +96,10 @@ ManualEntry::Result ManualEntry::place(const ManualSelection &selection, const P
         }
     }
     if (kinds.any()) {
-        QString text;
-        if (kinds.combinedSubject)
-            text += QStringLiteral("One Of The Combined Subjects Period Is Not Free\n");
-        if (kinds.combinedClass)
-            text += QStringLiteral("One Of The Combined Class Periods Is Not Free\n");
-        if (kinds.combinedTeacher)
-            text += QStringLiteral("One Of The Combined Teachers Is Not Free\n");
-        text += QStringLiteral("So You Cannot Allot This Period\n");
-        m_messages.information(text);
+        m_messages.information(kindLines(kinds, QStringLiteral("One Of The Combined Subjects Period Is Not Free"),
+                                         QStringLiteral("One Of The Combined Class Periods Is Not Free"),
+                                         QStringLiteral("One Of The Combined Teachers Is Not Free"))
+                               + QStringLiteral("So You Cannot Allot This Period\n"));
         return Result::Refused;
     }
     PlaceMembers(m_db, members, slot, Origin::Manual);
@@ -130,13 +137,9 @@ ManualEntry::Result ManualEntry::removeEntry(int classCode, int division, int su
     const QList<GroupMember> members =
         GroupMembersOf(m_db, classCode, division, subject, GroupNumbersOf(m_db, classCode, division, subject));
     const GroupKinds kinds = OccupiedGroupKinds(m_db, members, slot);
-    QString text;
-    if (kinds.combinedSubject)
-        text += QStringLiteral("It Has A Combined Subject Entry\n");
-    if (kinds.combinedClass)
-        text += QStringLiteral("It Has A Combined Class Entry\n");
-    if (kinds.combinedTeacher)
-        text += QStringLiteral("It Has A Combined Teacher Entry\n");
+    QString text = kindLines(kinds, QStringLiteral("It Has A Combined Subject Entry"),
+                             QStringLiteral("It Has A Combined Class Entry"),
+                             QStringLiteral("It Has A Combined Teacher Entry"));
     if (kinds.any())
         text += QStringLiteral("Deleting This Will Delete All The Corresponding Entries\n");
     text += QStringLiteral("Do You Want To Delete It ? ");
