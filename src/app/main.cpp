@@ -1,5 +1,6 @@
 #include "apppaths.h"
 #include "dialogmessageservice.h"
+#include "allotmentscreens.h"
 #include "frmhelp.h"
 #include "schooldatascreens.h"
 #include "screenregistry.h"
@@ -15,6 +16,7 @@ void registerScreens(ScreenRegistry &registry)
 {
     registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
     registerSchoolDataScreens(registry);
+    registerAllotmentScreens(registry);
 }
 }
 
