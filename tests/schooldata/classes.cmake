@@ -1,0 +1,2 @@
+tt_tests(LIBS tt_schooldata TESTS tst_classdivisions)
+tt_tests(LIBS tt_schooldata_forms TESTS tst_frmclasssectionentry)

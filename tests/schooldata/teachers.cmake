@@ -1,0 +1,1 @@
+tt_tests(LIBS tt_schooldata_forms TESTS tst_frmteachermaster tst_frmteachersearch)

@@ -1,0 +1,168 @@
+#include "frmteachersearch.h"
+#include "scriptedmessages.h"
+#include "teststore.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+
+namespace {
+const QString ViewAll = QStringLiteral("Do You Want To View All Teacher Details ?");
+}
+
+class tst_frmTeacherSearch : public QObject
+{
+    Q_OBJECT
+
+private:
+    TestStore *m_store = nullptr;
+    ScriptedMessages m_messages;
+    frmTeacherSearch *m_screen = nullptr;
+
+    template<typename T = QWidget>
+    T *control(const QString &name) const
+    {
+        T *found = m_screen->findChild<T *>(name);
+        if (!found)
+            qFatal("no control %s", qPrintable(name));
+        return found;
+    }
+    QTableWidget *grid() const { return control<QTableWidget>(QStringLiteral("dgdDetails")); }
+    void search() const { QTest::mouseClick(control<QPushButton>(QStringLiteral("cmdSearch")), Qt::LeftButton); }
+    // One grid row as "Name/Short/Telephone/Periods/Seniority/State/City/Blood group".
+    QStringList rows() const
+    {
+        QStringList lines;
+        for (int r = 0; r < grid()->rowCount(); ++r) {
+            QStringList cells;
+            for (int c = 1; c < grid()->columnCount(); ++c)
+                cells << grid()->item(r, c)->text();
+            lines << cells.join(QLatin1Char('/'));
+        }
+        return lines;
+    }
+    void choose(int row) const
+    {
+        grid()->setCurrentCell(row, 1);
+        QTest::keyClick(grid(), Qt::Key_Return);
+    }
+    void addTeacher(int code, const QString &name, int cityCode, int periods, int bloodGroup, int seniority) const
+    {
+        m_store->exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (?, 0, ?, ?, NULL, '', NULL, NULL, '', '', '', "
+                                     "?, '', ?, ?, '', ?, ?, 0, 0, 0, 0)"),
+                      {code, name, name.left(2).toUpper(), cityCode, QStringLiteral("98470%1").arg(code), bloodGroup,
+                       periods, seniority});
+    }
+
+private slots:
+    void init()
+    {
+        m_store = new TestStore;
+        m_messages.reset();
+        m_store->setMessages(m_messages);
+        m_store->setUpSchool(6, 8, 5, 4); // Kerala, Kochi
+        m_store->exec(QStringLiteral("INSERT INTO StateMaster VALUES (2, 'Goa')"));
+        m_store->exec(QStringLiteral("INSERT INTO CityMaster VALUES (2, 2, 'Panaji'), (3, 1, 'Alappuzha')"));
+        m_store->exec(QStringLiteral("INSERT INTO BloodGroupMaster VALUES (1, 'O+')"));
+        addTeacher(1, QStringLiteral("Anu Mathew"), 1, 30, 1, 3);
+        addTeacher(2, QStringLiteral("D'Souza Maria"), 2, 20, 0, 0);
+        addTeacher(3, QStringLiteral("Ravi [Sr]"), 0, 40, 0, 1);
+        addTeacher(4, QStringLiteral("Lekha 50%_off"), 3, 10, 0, 0);
+        m_screen = new frmTeacherSearch(m_store->context());
+        m_screen->show();
+    }
+
+    void cleanup()
+    {
+        delete m_screen;
+        QVERIFY2(m_messages.done(), m_messages.report());
+        delete m_store;
+    }
+
+    void criteria_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("periods");
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("city");
+        QTest::addColumn<QStringList>("found");
+
+        QTest::newRow("quote in the name") << "d'so" << "" << "" << "" << QStringList{"D'Souza Maria"};
+        QTest::newRow("bracket in the name") << "[SR" << "" << "" << "" << QStringList{"Ravi [Sr]"};
+        QTest::newRow("wildcards as themselves") << "%_" << "" << "" << "" << QStringList{"Lekha 50%_off"};
+        QTest::newRow("at least the periods") << "" << "30" << "" << "" << QStringList{"Anu Mathew", "Ravi [Sr]"};
+        QTest::newRow("state") << "" << "" << "Kerala" << "" << QStringList{"Anu Mathew", "Lekha 50%_off"};
+        QTest::newRow("state and city") << "" << "" << "Kerala" << "Kochi" << QStringList{"Anu Mathew"};
+        QTest::newRow("all criteria together") << "a" << "20" << "Goa" << "" << QStringList{"D'Souza Maria"};
+    }
+
+    void criteria()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, periods);
+        QFETCH(QString, state);
+        QFETCH(QString, city);
+        QFETCH(QStringList, found);
+        QTest::keyClicks(control<QLineEdit>(QStringLiteral("txtTeacherName")), name);
+        QTest::keyClicks(control<QLineEdit>(QStringLiteral("txtPeriods")), periods);
+        auto *states = control<QComboBox>(QStringLiteral("dbcStateName"));
+        states->setCurrentIndex(states->findText(state));
+        auto *cities = control<QComboBox>(QStringLiteral("dbcCityName"));
+        cities->setCurrentIndex(cities->findText(city));
+        search();
+        QStringList names;
+        for (int r = 0; r < grid()->rowCount(); ++r)
+            names << grid()->item(r, 1)->text();
+        QCOMPARE(names, found);
+    }
+
+    void everyTeacherOnlyWhenAsked()
+    {
+        m_messages.expectQuestion(ViewAll, false);
+        search();
+        QCOMPARE(grid()->rowCount(), 0);
+        m_messages.expectQuestion(ViewAll, true);
+        search();
+        // Blank references and an unset seniority read as empty cells.
+        QCOMPARE(rows(), (QStringList{"Anu Mathew/AN/984701/30/3/Kerala/Kochi/O+",
+                                      "D'Souza Maria/D'/984702/20//Goa/Panaji/",
+                                      "Lekha 50%_off/LE/984704/10//Kerala/Alappuzha/",
+                                      "Ravi [Sr]/RA/984703/40/1///"}));
+        QVERIFY(grid()->isColumnHidden(0));
+
+        QTest::keyClicks(control<QLineEdit>(QStringLiteral("txtTeacherName")), QStringLiteral("Zachariah"));
+        m_messages.expectInformation(QStringLiteral("No Record Exists"));
+        search();
+        QCOMPARE(grid()->rowCount(), 0);
+    }
+
+    void choosingARow()
+    {
+        QSignalSpy chosen(m_screen, &frmTeacherSearch::teacherChosen);
+        m_messages.expectQuestion(ViewAll, true);
+        search();
+
+        m_messages.expectQuestion(QStringLiteral("Do You Want To Edit/Delete ?"), false);
+        choose(1);
+        QCOMPARE(chosen.count(), 0);
+        QVERIFY(m_screen->isVisible());
+
+        // Deleted from another screen since the search ran.
+        m_store->exec(QStringLiteral("DELETE FROM TeacherMaster WHERE TeacherCode = 1"));
+        m_messages.expectInformation(QStringLiteral("Record Has Been Deleted In Master Screen"));
+        choose(0);
+        QCOMPARE(chosen.count(), 0);
+
+        m_messages.expectQuestion(QStringLiteral("Do You Want To Edit/Delete ?"), true);
+        choose(1);
+        QCOMPARE(chosen.count(), 1);
+        QCOMPARE(chosen.first().first().toInt(), 2);
+        QVERIFY(!m_screen->isVisible());
+    }
+};
+
+QTEST_MAIN(tst_frmTeacherSearch)
+#include "tst_frmteachersearch.moc"
