@@ -1,0 +1,2 @@
+target_sources(tt_allotment PRIVATE classteacherallotment.cpp classteacherallotment.h)
+target_sources(tt_allotment_forms PRIVATE frmclassteacherallotmententry.cpp frmclassteacherallotmententry.h)

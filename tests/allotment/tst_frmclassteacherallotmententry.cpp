@@ -1,0 +1,370 @@
+#include "frmclassteacherallotmententry.h"
+#include "sampleschool.h"
+#include "scriptedmessages.h"
+#include "teststore.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+const QString AlreadyClassTeacher =
+    QStringLiteral("This Teacher Has Already Been Assigned As A Class Teacher\nDo You Want To View The Details ?");
+const QString DeleteQuestion = QStringLiteral("Do You Want To Delete This Class Teacher Entry ?");
+
+// The small sample school: Priya Philip is class teacher of VI-A (English, P1); Mary Iyer teaches Malayalam
+// in VI-A and VII-A and is no class teacher; in VI-A Ajith M. Raj has only a row the Combined Teacher screen
+// generated (Music), in VII-B Thomas Antony only one the Combined Class screen generated.
+}
+
+class tst_frmClassTeacherAllotmentEntry : public QObject
+{
+    Q_OBJECT
+
+private:
+    TestStore *m_store = nullptr;
+    ScriptedMessages m_messages;
+    frmClassTeacherAllotmentEntry *m_form = nullptr;
+
+    template<typename T>
+    T *control(const char *name)
+    {
+        T *found = m_form->findChild<T *>(QString::fromLatin1(name));
+        if (!found)
+            qFatal("no control %s", name);
+        return found;
+    }
+    QComboBox *combo(const char *name) { return control<QComboBox>(name); }
+    QPushButton *button(const char *name) { return control<QPushButton>(name); }
+    void click(const char *name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+    bool choose(const char *name, const QString &text)
+    {
+        const int index = combo(name)->findText(text);
+        combo(name)->setCurrentIndex(index);
+        return index >= 0;
+    }
+    QStringList items(const char *name)
+    {
+        QStringList texts;
+        for (int i = 0; i < combo(name)->count(); ++i)
+            texts << combo(name)->itemText(i);
+        return texts;
+    }
+    QString focused() const { return m_form->focusWidget() ? m_form->focusWidget()->objectName() : QString(); }
+
+    // ClassCode, DivisionCode, SubjectCode, PeriodCode of the teacher.
+    QString entryOf(const QString &teacher) const
+    {
+        return m_store->scalar(QStringLiteral("SELECT ClassCode || ',' || DivisionCode || ',' || SubjectCode || ',' "
+                                              "|| PeriodCode FROM TeacherMaster WHERE TeacherName = ?"),
+                               {teacher}).toString();
+    }
+    int classTeachers() const
+    {
+        return m_store->scalar(QStringLiteral("SELECT COUNT(*) FROM TeacherMaster WHERE ClassCode > 0")).toInt();
+    }
+    void noClassTeachers()
+    {
+        m_store->exec(QStringLiteral("UPDATE TeacherMaster SET ClassCode = 0, DivisionCode = 0, SubjectCode = 0, "
+                                     "PeriodCode = 0"));
+    }
+    void openNew(const QString &className, const QString &divisionName)
+    {
+        click("cmdNew");
+        QVERIFY(choose("cboClass", className));
+        QVERIFY(choose("cboDivision", divisionName));
+    }
+
+private slots:
+    void init()
+    {
+        m_store = new TestStore;
+        m_messages.reset();
+        m_store->setMessages(m_messages);
+        SampleSchool::build(m_store->db(), SampleSchool::Size::Small);
+        m_form = new frmClassTeacherAllotmentEntry(m_store->context());
+        m_form->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_form));
+    }
+
+    void cleanup()
+    {
+        QVERIFY2(m_messages.done(), m_messages.report());
+        delete m_form;
+        delete m_store;
+    }
+
+    void generatedRowsAreNotOffered_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QString>("divisionName");
+        QTest::addColumn<QString>("teacher");
+        QTest::addColumn<QString>("subject");
+        QTest::addColumn<bool>("offered");
+        QTest::newRow("generated combined teacher row") << "VI" << "A" << "Ajith M. Raj" << "Music" << false;
+        QTest::newRow("generated combined class row") << "VII" << "B" << "Thomas Antony" << "Physical Education" << false;
+        QTest::newRow("entered row, marks empty") << "VI" << "A" << "Mary Iyer" << "Malayalam" << true;
+        QTest::newRow("entered row, marks null") << "VII" << "A" << "Ajith M. Raj" << "Music" << true;
+    }
+
+    void generatedRowsAreNotOffered()
+    {
+        QFETCH(QString, className);
+        QFETCH(QString, divisionName);
+        QFETCH(QString, teacher);
+        QFETCH(QString, subject);
+        QFETCH(bool, offered);
+        noClassTeachers();
+        // As the work allotment screen writes: named columns, the system marks left null.
+        m_store->exec(QStringLiteral("INSERT INTO WorkAllotmentEntry (TeacherCode, ClassCode, DivisionCode, "
+                                     "SubjectCode, NoOfSectionPeriods) VALUES (16, 2, 1, 14, 1)"));
+        openNew(className, divisionName);
+        QCOMPARE(items("cboTeacher").contains(teacher), offered);
+        QCOMPARE(items("cboSubject").contains(subject), offered);
+        QCOMPARE(items("cboTeacher").first(), QString());
+    }
+
+    void loadsTheClassDivisionsEntry()
+    {
+        m_store->exec(QStringLiteral("UPDATE TeacherMaster SET ClassCode = 0, DivisionCode = 0, SubjectCode = 0, "
+                                     "PeriodCode = 0 WHERE TeacherName = 'Jaya Rao'"));
+        QVERIFY(!control<QFrame>("fraMain")->isEnabled());
+        QCOMPARE(items("cboUniformPeriodName"), (QStringList{"", "P1", "P2", "P3", "P4", "P5", "P6", "P7"}));
+        QCOMPARE(items("cboClass"), (QStringList{"", "VI", "VII", "VIII"}));
+        openNew("VI", "A");
+        QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Priya Philip"));
+        QCOMPARE(combo("cboSubject")->currentText(), QStringLiteral("English"));
+        QCOMPARE(combo("cboUniformPeriodAllocation")->currentText(), QStringLiteral("YES"));
+        QCOMPARE(combo("cboUniformPeriodName")->currentText(), QStringLiteral("P1"));
+        QVERIFY(button("cmdEdit")->isEnabled());
+        QVERIFY(button("cmdDelete")->isEnabled());
+        QVERIFY(!button("cmdSave")->isEnabled());
+        QCOMPARE(focused(), QStringLiteral("cmdEdit"));
+
+        // A class division without a class teacher is open for a new entry again.
+        QVERIFY(choose("cboClass", "VIII"));
+        QVERIFY(choose("cboDivision", "A"));
+        QCOMPARE(combo("cboTeacher")->currentText(), QString());
+        QCOMPARE(combo("cboUniformPeriodAllocation")->currentText(), QStringLiteral("NO"));
+        QVERIFY(!button("cmdEdit")->isEnabled());
+        QVERIFY(button("cmdSave")->isEnabled());
+    }
+
+    void saveWritesTheFourColumns_data()
+    {
+        QTest::addColumn<QStringList>("allocations");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("uniform period") << QStringList{"YES"} << "1,1,2,3";
+        QTest::newRow("no uniform period") << QStringList{"NO"} << "1,1,2,0";
+        QTest::newRow("yes, then no again") << QStringList{"YES", "NO"} << "1,1,2,0";
+    }
+
+    void saveWritesTheFourColumns()
+    {
+        QFETCH(QStringList, allocations);
+        QFETCH(QString, stored);
+        noClassTeachers();
+        openNew("VI", "A");
+        QVERIFY(choose("cboTeacher", "Mary Iyer"));
+        QCOMPARE(items("cboSubject"), (QStringList{"", "Malayalam"}));
+        QVERIFY(choose("cboSubject", "Malayalam"));
+        for (const QString &allocation : allocations) {
+            QVERIFY(choose("cboUniformPeriodAllocation", allocation));
+            if (allocation == QLatin1String("YES"))
+                QVERIFY(choose("cboUniformPeriodName", "P3"));
+        }
+        QCOMPARE(combo("cboUniformPeriodName")->isEnabled(), allocations.last() == QLatin1String("YES"));
+        m_messages.expectInformation(QStringLiteral("Record Saved"));
+        click("cmdSave");
+        QCOMPARE(entryOf(QStringLiteral("Mary Iyer")), stored);
+        QCOMPARE(classTeachers(), 1);
+        QVERIFY(button("cmdNew")->isEnabled());
+        QVERIFY(!control<QFrame>("fraMain")->isEnabled());
+        QCOMPARE(combo("cboClass")->currentText(), QString());
+    }
+
+    void refusalsInOrder()
+    {
+        noClassTeachers();
+        click("cmdNew");
+        const struct
+        {
+            const char *text;
+            const char *focus;
+            const char *field;
+            const char *value;
+        } steps[] = {
+            {"Select Class Name", "cboClass", "cboClass", "VI"},
+            {"Select Division Name", "cboDivision", "cboDivision", "A"},
+            {"Select Teacher Name", "cboTeacher", "cboTeacher", "Mary Iyer"},
+            {"Select Subject Name", "cboSubject", "cboSubject", "Malayalam"},
+            {"Select Uniform Period Name", "cboUniformPeriodName", nullptr, nullptr},
+        };
+        for (const auto &step : steps) {
+            if (!step.field) // a uniform period was asked for but not named
+                QVERIFY(choose("cboUniformPeriodAllocation", "YES"));
+            m_messages.expectInformation(QString::fromLatin1(step.text));
+            click("cmdSave");
+            QCOMPARE(focused(), QString::fromLatin1(step.focus));
+            if (step.field)
+                QVERIFY(choose(step.field, QString::fromLatin1(step.value)));
+        }
+        QCOMPARE(classTeachers(), 0);
+    }
+
+    // Asked when the teacher is chosen, and again at Save in case the teacher became class teacher since.
+    void alreadyClassTeacher_data()
+    {
+        QTest::addColumn<bool>("atSave");
+        QTest::addColumn<bool>("view");
+        QTest::newRow("on choosing, view") << false << true;
+        QTest::newRow("on choosing, choose again") << false << false;
+        QTest::newRow("at save, view") << true << true;
+        QTest::newRow("at save, choose again") << true << false;
+    }
+
+    void alreadyClassTeacher()
+    {
+        QFETCH(bool, atSave);
+        QFETCH(bool, view);
+        noClassTeachers();
+        const QString maryInVIIA = QStringLiteral("UPDATE TeacherMaster SET ClassCode = 2, DivisionCode = 1, "
+                                                  "SubjectCode = 2, PeriodCode = 4 WHERE TeacherName = 'Mary Iyer'");
+        if (!atSave)
+            m_store->exec(maryInVIIA);
+        openNew("VI", "A");
+        if (!atSave)
+            m_messages.expectQuestion(AlreadyClassTeacher, view);
+        QVERIFY(choose("cboTeacher", "Mary Iyer"));
+        if (atSave) {
+            QVERIFY(choose("cboSubject", "Malayalam"));
+            m_store->exec(maryInVIIA);
+            m_messages.expectQuestion(AlreadyClassTeacher, view);
+            click("cmdSave");
+        }
+        if (view) {
+            QCOMPARE(combo("cboClass")->currentText(), QStringLiteral("VII"));
+            QCOMPARE(combo("cboDivision")->currentText(), QStringLiteral("A"));
+            QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Mary Iyer"));
+            QCOMPARE(combo("cboUniformPeriodName")->currentText(), QStringLiteral("P4"));
+            QVERIFY(button("cmdEdit")->isEnabled());
+            QVERIFY(!button("cmdSave")->isEnabled());
+        } else {
+            QCOMPARE(combo("cboClass")->currentText(), QStringLiteral("VI"));
+            QCOMPARE(combo("cboTeacher")->currentText(), QString());
+            QCOMPARE(focused(), QStringLiteral("cboTeacher"));
+            QVERIFY(button("cmdSave")->isEnabled());
+        }
+        QCOMPARE(entryOf(QStringLiteral("Mary Iyer")), QStringLiteral("2,1,2,4"));
+        QCOMPARE(classTeachers(), 1);
+    }
+
+    // Changing the teacher releases the old one in the same transaction: a failure keeps both as they were.
+    void editToAnotherTeacher_data()
+    {
+        QTest::addColumn<bool>("storeRefuses");
+        QTest::addColumn<QString>("priya");
+        QTest::addColumn<QString>("mary");
+        QTest::newRow("saved") << false << "0,0,0,0" << "1,1,2,0";
+        QTest::newRow("store refuses") << true << "1,1,1,1" << "0,0,0,0";
+    }
+
+    void editToAnotherTeacher()
+    {
+        QFETCH(bool, storeRefuses);
+        QFETCH(QString, priya);
+        QFETCH(QString, mary);
+        if (storeRefuses)
+            m_store->exec(QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE OF ClassCode ON TeacherMaster WHEN "
+                                         "NEW.TeacherName = 'Mary Iyer' BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+        openNew("VI", "A");
+        click("cmdEdit");
+        QVERIFY(!combo("cboClass")->isEnabled());
+        QVERIFY(!combo("cboDivision")->isEnabled());
+        QCOMPARE(focused(), QStringLiteral("cmdSave"));
+        QVERIFY(choose("cboTeacher", "Mary Iyer"));
+        QVERIFY(choose("cboSubject", "Malayalam"));
+        QVERIFY(choose("cboUniformPeriodAllocation", "NO"));
+        if (storeRefuses)
+            m_messages.expectCritical(QStringLiteral("refused"));
+        else
+            m_messages.expectInformation(QStringLiteral("Record Updated"));
+        click("cmdSave");
+        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), priya);
+        QCOMPARE(entryOf(QStringLiteral("Mary Iyer")), mary);
+        QCOMPARE(button("cmdSave")->isEnabled(), storeRefuses); // a failed Save leaves the screen as it was
+    }
+
+    void deleteClearsTheEntry_data()
+    {
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("yes") << true << "0,0,0,0";
+        QTest::newRow("no") << false << "1,1,1,1";
+    }
+
+    void deleteClearsTheEntry()
+    {
+        QFETCH(bool, answer);
+        QFETCH(QString, stored);
+        openNew("VI", "A");
+        m_messages.expectQuestion(DeleteQuestion, answer);
+        if (answer)
+            m_messages.expectInformation(QStringLiteral("Record Deleted"));
+        click("cmdDelete");
+        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), stored);
+        QCOMPARE(button("cmdNew")->isEnabled(), answer);
+        QCOMPARE(classTeachers(), answer ? 5 : 6);
+    }
+
+    void deletedAllotmentIsRefused()
+    {
+        noClassTeachers();
+        openNew("VI", "A");
+        QVERIFY(choose("cboTeacher", "Mary Iyer"));
+        QVERIFY(choose("cboSubject", "Malayalam"));
+        m_store->exec(QStringLiteral("DELETE FROM WorkAllotmentEntry WHERE TeacherCode = 3 AND ClassCode = 1 "
+                                     "AND DivisionCode = 1"));
+        m_messages.expectInformation(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
+        click("cmdSave");
+        QCOMPARE(combo("cboTeacher")->currentText(), QString());
+        QCOMPARE(combo("cboSubject")->currentText(), QString());
+        QVERIFY(!items("cboTeacher").contains(QStringLiteral("Mary Iyer")));
+        QCOMPARE(focused(), QStringLiteral("cboTeacher"));
+        QCOMPARE(classTeachers(), 0);
+    }
+
+    void privilegesRefuse_data()
+    {
+        QTest::addColumn<QString>("granted");
+        QTest::addColumn<QString>("pressed");
+        QTest::addColumn<QString>("refusal");
+        QTest::newRow("new") << "EX" << "cmdNew" << "You Have No Privilege To Create New Entry";
+        QTest::newRow("edit") << "NX" << "cmdEdit" << "You Have No Privilege To Modify This Entry";
+        QTest::newRow("delete") << "NE" << "cmdDelete" << "You Have No Privilege To Delete";
+    }
+
+    void privilegesRefuse()
+    {
+        QFETCH(QString, granted);
+        QFETCH(QString, pressed);
+        QFETCH(QString, refusal);
+        m_store->exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (7, 'clerk', 'x', 'N', 0)"));
+        for (const QChar code : granted)
+            m_store->exec(QStringLiteral("INSERT INTO UserPrivilegeDetails VALUES "
+                                         "('frmClassTeacherAllotmentEntry', ?, 7)"),
+                          {QString(code)});
+        m_store->context().session.userCode = 7;
+        if (pressed != QLatin1String("cmdNew"))
+            openNew("VI", "A");
+        m_messages.expectInformation(refusal);
+        click(qPrintable(pressed));
+        QCOMPARE(control<QFrame>("fraMain")->isEnabled(), pressed != QLatin1String("cmdNew"));
+        QCOMPARE(button("cmdSave")->isEnabled(), false);
+        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), QStringLiteral("1,1,1,1"));
+    }
+};
+
+QTEST_MAIN(tst_frmClassTeacherAllotmentEntry)
+#include "tst_frmclassteacherallotmententry.moc"

@@ -1,0 +1,1 @@
+tt_tests(LIBS tt_allotment_forms TESTS tst_frmworkallotmententry)
