@@ -1,4 +1,10 @@
+#include "allotmentscreens.h"
+#include "frmcombinedclassentry.h"
 #include "frmhelp.h"
+#include "frmteachermaster.h"
+#include "mainmenu.h"
+#include "sampleschool.h"
+#include "schooldatascreens.h"
 #include "frmstartlogin.h"
 #include "mditimetable.h"
 #include "messageservice.h"
@@ -8,6 +14,8 @@
 #include "store.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QSqlQuery>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -43,24 +51,44 @@ void save(QWidget *widget, const QString &folder, const QString &name)
     QTextStream(stdout) << QDir(folder).filePath(name) << '\n';
 }
 
+// The medium sample school, and a head of office who holds every screen and button.
 void setUpSchool(const QString &folder)
 {
     const QString connection = QStringLiteral("shots");
     {
         const QSqlDatabase db = Store::open(StoreFile::Main, folder, connection);
+        SampleSchool::build(db, SampleSchool::Size::Medium);
         const Sql sql(db);
-        sql.run(QStringLiteral("INSERT INTO StateMaster VALUES (1, 'Kerala')"));
-        sql.run(QStringLiteral("INSERT INTO CityMaster VALUES (1, 1, 'Kochi')"));
-        sql.run(QStringLiteral("INSERT INTO SchoolSetup VALUES ('St. Mary''s Higher Secondary School', 'Church Road', "
-                               "'Edappally', 1, '682024', 6, 8, 5, 4, 1)"));
         sql.run(QStringLiteral("INSERT INTO UserMaster VALUES (1, 'Office Head', 0)"));
         sql.run(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (1, 'head', 'head', 'N', 0)"));
-        for (const char *form : {"Masters", "frmStateMaster", "frmCityMaster", "frmSchoolSetup", "TimeTableEntry",
-                                 "frmWorkAllotmentEntry", "Reports", "frmrptTeacherTT", "Utilities",
-                                 "frmUtilUserMaster", "frmOptions"})
-            sql.run(QStringLiteral("INSERT INTO UserPrivilegeDetails VALUES (?, 'D', 1)"), {QString::fromLatin1(form)});
+        QStringList forms = {QStringLiteral("Masters"), QStringLiteral("TimeTableEntry"), QStringLiteral("Reports"),
+                             QStringLiteral("Utilities"), QStringLiteral("TimeTableUtility")};
+        for (const MenuEntry &entry : MainMenu::entries())
+            if (QByteArray(entry.opens).startsWith("frm"))
+                forms << QString::fromLatin1(entry.opens);
+        for (const QString &form : forms) {
+            sql.run(QStringLiteral("INSERT INTO UserPrivilegeDetails VALUES (?, 'D', 1)"), {form});
+            for (const char *button : {"N", "E", "X"})
+                sql.run(QStringLiteral("INSERT INTO UserPrivilegeDetails VALUES (?, ?, 1)"),
+                        {form, QString::fromLatin1(button)});
+        }
     }
     Store::close(connection);
+}
+
+template <typename Form>
+Form *openChild(mdiTimeTable *main, const QString &formName)
+{
+    main->openScreen(formName);
+    QApplication::processEvents();
+    return main->findChild<Form *>(formName);
+}
+
+void closeChildren(mdiTimeTable *main)
+{
+    main->findChild<QMdiArea *>()->closeAllSubWindows();
+    for (int i = 0; i < 5; ++i)
+        QApplication::processEvents();
 }
 }
 
@@ -75,6 +103,8 @@ int main(int argc, char *argv[])
     QuietMessages messages;
     ScreenRegistry registry;
     registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
+    registerSchoolDataScreens(registry);
+    registerAllotmentScreens(registry);
     Shell shell(registry, messages, data.path());
     shell.start();
     waitFor([&] { return shell.loginScreen() != nullptr; });
@@ -94,5 +124,38 @@ int main(int argc, char *argv[])
     shell.context().session.helpScreenNo = 10;
     main->openScreen(QStringLiteral("frmHelp"));
     save(main, docs, QStringLiteral("help.png"));
+    closeChildren(main);
+
+    openChild<QWidget>(main, QStringLiteral("frmSchoolSetup"));
+    save(main, docs, QStringLiteral("school-setup.png"));
+    closeChildren(main);
+
+    openChild<QWidget>(main, QStringLiteral("frmClassSectionEntry"));
+    save(main, docs, QStringLiteral("class-division-entry.png"));
+    closeChildren(main);
+
+    if (auto *teachers = openChild<frmTeacherMaster>(main, QStringLiteral("frmTeacherMaster")))
+        teachers->showTeacher(3);
+    save(main, docs, QStringLiteral("teacher-master.png"));
+    closeChildren(main);
+
+    if (auto *allotment = openChild<QWidget>(main, QStringLiteral("frmWorkAllotmentEntry"))) {
+        auto *teacher = allotment->findChild<QComboBox *>(QStringLiteral("cboTeacher"));
+        teacher->setCurrentIndex(qMin(3, teacher->count() - 1));
+    }
+    save(main, docs, QStringLiteral("work-allotment-entry.png"));
+    closeChildren(main);
+
+    if (auto *combined = openChild<frmCombinedClassEntry>(main, QStringLiteral("frmCombinedClassEntry"))) {
+        QSqlQuery group(QSqlDatabase::database(Shell::mainConnectionName()));
+        group.exec(QStringLiteral("SELECT TeacherCode, ClassCode, DivisionCode, SubjectCode, CCGroupNo FROM "
+                                  "WorkAllotmentEntry WHERE CCGroupNo > 0 AND CCSystem = '' ORDER BY rowid LIMIT 1"));
+        if (group.next())
+            combined->loadChosenGroup({group.value(0).toInt(), group.value(1).toInt(), group.value(2).toInt(),
+                                       group.value(3).toInt()},
+                                      group.value(4).toInt());
+    }
+    save(main, docs, QStringLiteral("combined-class-entry.png"));
+    closeChildren(main);
     return 0;
 }
