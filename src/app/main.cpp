@@ -2,9 +2,11 @@
 #include "dialogmessageservice.h"
 #include "allotmentscreens.h"
 #include "frmhelp.h"
+#include "reportscreens.h"
 #include "schooldatascreens.h"
 #include "screenregistry.h"
 #include "shell.h"
+#include "timetablescreens.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,6 +19,8 @@ void registerScreens(ScreenRegistry &registry)
     registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
     registerSchoolDataScreens(registry);
     registerAllotmentScreens(registry);
+    registerTimetableScreens(registry);
+    registerReportScreens(registry);
 }
 }
 

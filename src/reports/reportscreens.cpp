@@ -1,0 +1,7 @@
+#include "reportscreens.h"
+#include "screenregistry.h"
+
+void registerReportScreens(ScreenRegistry &registry)
+{
+    Q_UNUSED(registry)
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+class ScreenRegistry;
+
+// Puts the report screens on the main window's menu.
+void registerReportScreens(ScreenRegistry &registry);

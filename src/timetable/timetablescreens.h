@@ -1,0 +1,6 @@
+#pragma once
+
+class ScreenRegistry;
+
+// Puts the manual timetable screens on the main window's menu.
+void registerTimetableScreens(ScreenRegistry &registry);
