@@ -7,7 +7,7 @@ target_sources(tt_allotment PRIVATE
 )
 target_sources(tt_allotment_forms PRIVATE
     combinedentryform.cpp combinedentryform.h
-    combinedmainrowform.cpp combinedmainrowform.h
+    combinedmainrowform.cpp combinedmainrowform.h combinedlistedform.h
     combinedsearchform.cpp combinedsearchform.h
     frmcombinedsubjectentry.cpp frmcombinedsubjectentry.h frmcombinedsubjectentrysearch.h
     frmcombinedclassentry.cpp frmcombinedclassentry.h frmcombinedclassentrysearch.h

@@ -59,17 +59,6 @@ Verdict CombinedClassGroups::checkAddedDivision(const ClassDraft &draft, int cla
     return Verdict::go();
 }
 
-Verdict CombinedClassGroups::selectMain(int mainClass, int mainDivision, int mainSubject) const
-{
-    if (mainClass <= 0)
-        return Verdict::stop(QStringLiteral("Select Class"), QStringLiteral("cboClass"));
-    if (mainDivision <= 0)
-        return Verdict::stop(QStringLiteral("Select Division"), QStringLiteral("cboDivision"));
-    if (mainSubject <= 0)
-        return Verdict::stop(QStringLiteral("Select Subject"), QStringLiteral("cboSubject"));
-    return Verdict::go();
-}
-
 Verdict CombinedClassGroups::checkAdd(const ClassDraft &draft, int classCode, int division, int mainClass,
                                       int mainDivision, int mainSubject) const
 {
@@ -77,7 +66,7 @@ Verdict CombinedClassGroups::checkAdd(const ClassDraft &draft, int classCode, in
         return Verdict::stop(QStringLiteral("Select Class"), QStringLiteral("cboClassAdd"));
     if (division <= 0)
         return Verdict::stop(QStringLiteral("Select Division"), QStringLiteral("cboDivisionAdd"));
-    if (const Verdict main = selectMain(mainClass, mainDivision, mainSubject); !main.ok())
+    if (const Verdict main = checkMainChosen(mainClass, mainDivision, mainSubject); !main.ok())
         return main;
     if (classCode == mainClass && division == mainDivision)
         return Verdict::stop(QStringLiteral("The Selected Class Is The Main Class To Which Other Classes Will Be Combined\nHence You Cannot Add This Class To The List"),
@@ -97,7 +86,7 @@ Verdict CombinedClassGroups::checkAdd(const ClassDraft &draft, int classCode, in
 
 Verdict CombinedClassGroups::checkSave(const ClassDraft &draft, int mainClass, int mainDivision, int mainSubject) const
 {
-    if (const Verdict main = selectMain(mainClass, mainDivision, mainSubject); !main.ok())
+    if (const Verdict main = checkMainChosen(mainClass, mainDivision, mainSubject); !main.ok())
         return main;
     if (draft.main.periods <= 0)
         return Verdict::stop(QStringLiteral("Reselect The Subject"), QStringLiteral("cboSubject"));

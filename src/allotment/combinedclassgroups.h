@@ -12,15 +12,7 @@ struct ClassDivisionRow
     QString divisionName;
 };
 
-// What the class screen holds: the main row shown (teacher 0 when none) and the listed class divisions.
-struct ClassDraft
-{
-    MainRow main;
-    QList<ClassDivisionRow> listed;
-    bool editing = false;
-    Key kept;        // the main row the group was loaded with
-    int groupNo = 0; // the group being edited
-};
+using ClassDraft = Draft<ClassDivisionRow>;
 
 }
 
@@ -30,6 +22,8 @@ struct ClassDraft
 class CombinedClassGroups
 {
 public:
+    using Row = Combined::ClassDivisionRow;
+
     explicit CombinedClassGroups(const QSqlDatabase &db);
 
     const CombinedGroups &groups() const { return m_groups; }
@@ -50,7 +44,5 @@ public:
     int save(const Combined::ClassDraft &draft) const;
 
 private:
-    Combined::Verdict selectMain(int mainClass, int mainDivision, int mainSubject) const;
-
     CombinedGroups m_groups;
 };

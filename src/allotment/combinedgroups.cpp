@@ -66,6 +66,17 @@ int helpScreenNo(Kind kind)
     return kind == Kind::Subject ? 14 : kind == Kind::Class ? 15 : 16;
 }
 
+Verdict checkMainChosen(int mainClass, int mainDivision, int mainSubject)
+{
+    if (mainClass <= 0)
+        return Verdict::stop(QStringLiteral("Select Class"), QStringLiteral("cboClass"));
+    if (mainDivision <= 0)
+        return Verdict::stop(QStringLiteral("Select Division"), QStringLiteral("cboDivision"));
+    if (mainSubject <= 0)
+        return Verdict::stop(QStringLiteral("Select Subject"), QStringLiteral("cboSubject"));
+    return Verdict::go();
+}
+
 QString masterDeletedText()
 {
     return QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data.");

@@ -55,6 +55,21 @@ struct MainRow
     int cpGroupNo = 0;
 };
 
+// What the class and teacher screens hold: the main row shown (teacher 0 when none) and the listed rows
+// their Save generates.
+template<typename ListedRow>
+struct Draft
+{
+    MainRow main;
+    QList<ListedRow> listed;
+    bool editing = false;
+    Key kept;        // the main row the group was loaded with
+    int groupNo = 0; // the group being edited
+};
+
+// The main class, division and subject as chosen on screen (code 0 when empty): the first refusal, if any.
+Verdict checkMainChosen(int mainClass, int mainDivision, int mainSubject);
+
 // The optional filters of a search form; an empty filter asks before listing everything.
 struct SearchFilter
 {

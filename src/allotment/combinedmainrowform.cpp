@@ -5,7 +5,11 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -60,6 +64,44 @@ CombinedMainRowForm::CombinedMainRowForm(AppContext &ctx, Combined::Kind kind, Q
     connect(m_cboSubject, &QComboBox::activated, this, &CombinedMainRowForm::subjectChosen);
 }
 
+void CombinedMainRowForm::finishListed(const ListedParts &parts)
+{
+    m_firstAdd = parts.firstAdd;
+    m_secondAdd = parts.secondAdd;
+    m_removeQuestion = parts.removeQuestion;
+    m_resetWhenPlaced = parts.resetWhenPlaced;
+
+    m_fraAdd = new QGroupBox(parts.addCaption, this);
+    m_fraAdd->setObjectName(QStringLiteral("fraAdd"));
+    m_cmdAdd = new QPushButton(QStringLiteral("&Add"), m_fraAdd);
+    m_cmdAdd->setObjectName(QStringLiteral("cmdAdd"));
+    m_cmdAdd->setAutoDefault(false);
+    auto *adding = new QHBoxLayout(m_fraAdd);
+    adding->addWidget(new QLabel(parts.firstLabel, m_fraAdd));
+    adding->addWidget(m_firstAdd, 1);
+    adding->addSpacing(16);
+    adding->addWidget(new QLabel(parts.secondLabel, m_fraAdd));
+    adding->addWidget(m_secondAdd, 1);
+    adding->addSpacing(16);
+    adding->addWidget(m_cmdAdd);
+
+    auto *listBox = new QGroupBox(parts.listCaption, this);
+    m_msgDetails = CombinedUi::grid(listBox, QStringLiteral("msgDetails"), parts.headers, 2);
+    auto *list = new QVBoxLayout(listBox);
+    list->addWidget(m_msgDetails);
+
+    auto *content = new QVBoxLayout;
+    content->addWidget(m_fraMain);
+    content->addWidget(m_fraAdd);
+    content->addWidget(listBox, 1);
+    resize(640, 520);
+
+    connect(m_cmdAdd, &QPushButton::clicked, this, &CombinedMainRowForm::add);
+    connect(m_msgDetails, &QTableWidget::cellClicked, this, &CombinedMainRowForm::listedClicked);
+
+    finish(content, {m_fraMain, m_fraAdd});
+}
+
 QWidget *CombinedMainRowForm::firstField() const
 {
     return m_cboClass;
@@ -96,8 +138,11 @@ void CombinedMainRowForm::clearMain()
     CombinedUi::fill(m_cboClass, m_groups.allottedClasses());
 }
 
-void CombinedMainRowForm::showMain(const Combined::MainRow &row)
+void CombinedMainRowForm::showMainOfGroup(const Combined::Key &shownKey, int groupNo)
 {
+    const std::optional<Combined::MainRow> main = m_groups.mainRowOfGroup(groupNo);
+    const Combined::MainRow row = main ? *main
+        : m_groups.mainRow(shownKey.classCode, shownKey.division, shownKey.subject).value_or(Combined::MainRow{});
     const Combined::Key &key = row.key;
     CombinedUi::fill(m_cboClass, m_groups.allottedClasses());
     CombinedUi::select(m_cboClass, key.classCode);
@@ -106,6 +151,34 @@ void CombinedMainRowForm::showMain(const Combined::MainRow &row)
     CombinedUi::fill(m_cboSubject, m_groups.allottedSubjects(key.classCode, key.division));
     CombinedUi::select(m_cboSubject, key.subject);
     setMain(row);
+}
+
+void CombinedMainRowForm::clearAddFields()
+{
+    CombinedUi::select(m_firstAdd, 0);
+    CombinedUi::fill(m_secondAdd, {});
+}
+
+void CombinedMainRowForm::showListCells(const QList<QStringList> &cells)
+{
+    CombinedUi::show(m_msgDetails, cells);
+}
+
+void CombinedMainRowForm::listedClicked(int row)
+{
+    if (!changing() || row < 0 || row >= listedCount())
+        return;
+    guarded([&] {
+        if (listedPlaced()) {
+            m_ctx.messages->information(Combined::groupPlacedText());
+            if (m_resetWhenPlaced)
+                reset();
+            return;
+        }
+        if (!m_ctx.messages->question(m_removeQuestion))
+            return;
+        removeListed(row);
+    });
 }
 
 bool CombinedMainRowForm::mayChangeMain()

@@ -15,17 +15,6 @@ Key generatedKey(const TeacherDraft &draft, const TeacherSubjectRow &row)
     return {row.teacher, draft.main.key.classCode, draft.main.key.division, row.subject};
 }
 
-Verdict selectMain(int mainClass, int mainDivision, int mainSubject)
-{
-    if (mainClass <= 0)
-        return Verdict::stop(QStringLiteral("Select Class"), QStringLiteral("cboClass"));
-    if (mainDivision <= 0)
-        return Verdict::stop(QStringLiteral("Select Division"), QStringLiteral("cboDivision"));
-    if (mainSubject <= 0)
-        return Verdict::stop(QStringLiteral("Select Subject"), QStringLiteral("cboSubject"));
-    return Verdict::go();
-}
-
 }
 
 CombinedTeacherGroups::CombinedTeacherGroups(const QSqlDatabase &db)
@@ -110,7 +99,7 @@ Verdict CombinedTeacherGroups::checkAdd(const TeacherDraft &draft, const Teacher
     if (added.subject <= 0)
         return Verdict::stop(QStringLiteral("Select Subject"), QStringLiteral("cboSubjectAdd"));
     // The tests below measure the added teacher against the main row, so it must be chosen first.
-    if (const Verdict main = selectMain(added.mainClass, added.mainDivision, added.mainSubject); !main.ok())
+    if (const Verdict main = checkMainChosen(added.mainClass, added.mainDivision, added.mainSubject); !main.ok())
         return main;
     if (m_groups.subjectTakenOutside(added.mainClass, added.mainDivision, added.subject,
                                      draft.editing ? draft.groupNo : 0))
@@ -140,7 +129,7 @@ Verdict CombinedTeacherGroups::checkAdd(const TeacherDraft &draft, const Teacher
 Verdict CombinedTeacherGroups::checkSave(const TeacherDraft &draft, int mainClass, int mainDivision,
                                          int mainSubject) const
 {
-    if (const Verdict main = selectMain(mainClass, mainDivision, mainSubject); !main.ok())
+    if (const Verdict main = checkMainChosen(mainClass, mainDivision, mainSubject); !main.ok())
         return main;
     if (draft.listed.isEmpty())
         return Verdict::stop(QStringLiteral("Select Teacher-Subject To Be Combined"), QStringLiteral("cboTeacherAdd"));

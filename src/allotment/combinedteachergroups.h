@@ -12,15 +12,7 @@ struct TeacherSubjectRow
     QString subjectName;
 };
 
-// What the teacher screen holds: the main row shown (teacher 0 when none) and the listed teachers.
-struct TeacherDraft
-{
-    MainRow main;
-    QList<TeacherSubjectRow> listed;
-    bool editing = false;
-    Key kept;        // the main row the group was loaded with
-    int groupNo = 0; // the group being edited
-};
+using TeacherDraft = Draft<TeacherSubjectRow>;
 
 // The add fields and the main selection as chosen on screen (code 0 when empty).
 struct TeacherAddition
@@ -41,6 +33,8 @@ struct TeacherAddition
 class CombinedTeacherGroups
 {
 public:
+    using Row = Combined::TeacherSubjectRow;
+
     explicit CombinedTeacherGroups(const QSqlDatabase &db);
 
     const CombinedGroups &groups() const { return m_groups; }

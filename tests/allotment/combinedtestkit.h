@@ -1,6 +1,7 @@
 #pragma once
 #include "combinedgroups.h"
 #include "scriptedmessages.h"
+#include "smallschoolfixture.h"
 #include "teststore.h"
 
 #include <QComboBox>
@@ -9,40 +10,41 @@
 #include <QTableWidget>
 #include <QTest>
 
-// A hand-made school for the group screens: class I with divisions A, B, C (codes 1 to 3) and class II with
-// A, B; subjects 1 to 6 ("Subject n") and teachers 1 to 6 ("Teacher n", 30 working periods each).
+// Helpers for the tests of the group screens, on the small school of buildSmallSchool().
 namespace CombinedKit {
 
-inline void buildSchool(TestStore &store)
+// The store, the scripted messages and the screen under test, made anew for every test function.
+template<typename Screen>
+class ScreenTest : public QObject
 {
-    store.setUpSchool(5, 6, 4, 3);
-    store.exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'I', 3, 1), (2, 'II', 2, 2)"));
-    store.exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1), (1, 'B', 2), (1, 'C', 3), "
-                              "(2, 'A', 1), (2, 'B', 2)"));
-    for (int i = 1; i <= 6; ++i) {
-        store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (?, ?, ?)"),
-                   {i, QStringLiteral("Subject %1").arg(i), QStringLiteral("S%1").arg(i)});
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (?, 0, ?, ?, NULL, 'S', NULL, NULL, '', '', '', 0, "
-                                  "'', '', 0, '', 30, 0, 0, 0, 0, 0)"),
-                   {i, QStringLiteral("Teacher %1").arg(i), QStringLiteral("T%1").arg(i)});
+protected:
+    // A fresh small school with `rows` allotted, and the screen shown on it.
+    bool openScreen(std::initializer_list<Row> rows)
+    {
+        m_store = new TestStore;
+        m_messages.reset();
+        m_store->setMessages(m_messages);
+        buildSmallSchool(*m_store);
+        for (const Row &row : rows)
+            allot(*m_store, row);
+        m_screen = new Screen(m_store->context());
+        m_screen->show();
+        return QTest::qWaitForWindowExposed(m_screen);
     }
-}
 
-// One allotment, with group marks as the group screens write them.
-struct Row
-{
-    int teacher, classCode, division, subject, periods;
-    int cp = 0, cc = 0, ct = 0;
-    const char *ccSystem = "";
-    const char *ctSystem = "";
+    // Closes the screen and the store; false when a scripted message is still waiting.
+    bool closeScreen()
+    {
+        delete m_screen;
+        const bool done = m_messages.done();
+        delete m_store;
+        return done;
+    }
+
+    TestStore *m_store = nullptr;
+    ScriptedMessages m_messages;
+    Screen *m_screen = nullptr;
 };
-
-inline void allot(TestStore &store, const Row &r)
-{
-    store.exec(QStringLiteral("INSERT INTO WorkAllotmentEntry VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-               {r.teacher, r.classCode, r.division, r.subject, r.periods, r.cp ? "CP" : "", r.cc ? "CC" : "",
-                r.ct ? "CT" : "", r.cp, r.cc, r.ct, QString::fromLatin1(r.ccSystem), QString::fromLatin1(r.ctSystem)});
-}
 
 // A hand-placed period of the allotment on day 1.
 inline void place(TestStore &store, const Combined::Key &key, int period = 1)

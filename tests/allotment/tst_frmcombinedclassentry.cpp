@@ -12,13 +12,9 @@ const Key Main{1, 1, 1, 1}; // Teacher 1 takes Subject 1 in I-A
 const QString Taken = QStringLiteral("'Work Allotment Entry' Already Exists For The Selected Class-Division-Subject\nHence This Combination Cannot Be Added In A Combined Class Group");
 }
 
-class tst_frmCombinedClassEntry : public QObject
+class tst_frmCombinedClassEntry : public ScreenTest<frmCombinedClassEntry>
 {
     Q_OBJECT
-
-    TestStore *m_store = nullptr;
-    ScriptedMessages m_messages;
-    frmCombinedClassEntry *m_screen = nullptr;
 
     QTableWidget *listed() { return control<QTableWidget>(m_screen, "msgDetails"); }
 
@@ -51,25 +47,15 @@ class tst_frmCombinedClassEntry : public QObject
 private slots:
     void init()
     {
-        m_store = new TestStore;
-        m_messages.reset();
-        m_store->setMessages(m_messages);
-        buildSchool(*m_store);
-        allot(*m_store, {1, 1, 1, 1, 3});
-        allot(*m_store, {2, 2, 1, 1, 3}); // II-A has Subject 1 with another teacher
-        allot(*m_store, {3, 1, 2, 2, 4});
-        allot(*m_store, {4, 2, 2, 3, 2});
-        m_screen = new frmCombinedClassEntry(m_store->context());
-        m_screen->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_screen));
+        QVERIFY(openScreen({
+            {1, 1, 1, 1, 3},
+            {2, 2, 1, 1, 3}, // II-A has Subject 1 with another teacher
+            {3, 1, 2, 2, 4},
+            {4, 2, 2, 3, 2}
+        }));
     }
 
-    void cleanup()
-    {
-        delete m_screen;
-        QVERIFY2(m_messages.done(), m_messages.report());
-        delete m_store;
-    }
+    void cleanup() { QVERIFY2(closeScreen(), m_messages.report()); }
 
     // Each added class division gets a row with the main row's teacher, subject and periods, CC "CC",
     // the group number and CCSystem "Y"; the main row is only marked.

@@ -29,13 +29,9 @@ int rowOf(QTableWidget *grid, const Key &key)
 }
 }
 
-class tst_frmCombinedSubjectEntry : public QObject
+class tst_frmCombinedSubjectEntry : public ScreenTest<frmCombinedSubjectEntry>
 {
     Q_OBJECT
-
-    TestStore *m_store = nullptr;
-    ScriptedMessages m_messages;
-    frmCombinedSubjectEntry *m_screen = nullptr;
 
     QTableWidget *candidates() { return control<QTableWidget>(m_screen, "msgDisplay"); }
     QTableWidget *members() { return control<QTableWidget>(m_screen, "msgCombinedSubjects"); }
@@ -73,30 +69,20 @@ class tst_frmCombinedSubjectEntry : public QObject
 private slots:
     void init()
     {
-        m_store = new TestStore;
-        m_messages.reset();
-        m_store->setMessages(m_messages);
-        buildSchool(*m_store);
-        allot(*m_store, {1, 1, 1, 1, 3, 0, 0, 7});
-        allot(*m_store, {2, 1, 1, 2, 3, 0, 0, 7, "", "Y"});
-        allot(*m_store, {2, 2, 1, 3, 3, 0, 0, 8});
-        allot(*m_store, {6, 2, 1, 4, 3, 0, 0, 8, "", "Y"});
-        allot(*m_store, {3, 1, 2, 3, 3});
-        allot(*m_store, {4, 1, 3, 4, 2});
-        allot(*m_store, {1, 2, 2, 5, 3});
-        allot(*m_store, {5, 1, 1, 6, 3});
-        allot(*m_store, {4, 2, 2, 6, 3});
-        m_screen = new frmCombinedSubjectEntry(m_store->context());
-        m_screen->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_screen));
+        QVERIFY(openScreen({
+            {1, 1, 1, 1, 3, 0, 0, 7},
+            {2, 1, 1, 2, 3, 0, 0, 7, "", "Y"},
+            {2, 2, 1, 3, 3, 0, 0, 8},
+            {6, 2, 1, 4, 3, 0, 0, 8, "", "Y"},
+            {3, 1, 2, 3, 3},
+            {4, 1, 3, 4, 2},
+            {1, 2, 2, 5, 3},
+            {5, 1, 1, 6, 3},
+            {4, 2, 2, 6, 3}
+        }));
     }
 
-    void cleanup()
-    {
-        delete m_screen;
-        QVERIFY2(m_messages.done(), m_messages.report());
-        delete m_store;
-    }
+    void cleanup() { QVERIFY2(closeScreen(), m_messages.report()); }
 
     void candidatesGatherByClassDivision()
     {

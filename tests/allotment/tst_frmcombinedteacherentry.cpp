@@ -15,13 +15,9 @@ QString excess(int ceiling, int by)
 }
 }
 
-class tst_frmCombinedTeacherEntry : public QObject
+class tst_frmCombinedTeacherEntry : public ScreenTest<frmCombinedTeacherEntry>
 {
     Q_OBJECT
-
-    TestStore *m_store = nullptr;
-    ScriptedMessages m_messages;
-    frmCombinedTeacherEntry *m_screen = nullptr;
 
     QTableWidget *listed() { return control<QTableWidget>(m_screen, "msgDetails"); }
 
@@ -47,23 +43,13 @@ class tst_frmCombinedTeacherEntry : public QObject
 private slots:
     void init()
     {
-        m_store = new TestStore;
-        m_messages.reset();
-        m_store->setMessages(m_messages);
-        buildSchool(*m_store);
-        allot(*m_store, {1, 1, 1, 1, 4});
-        allot(*m_store, {3, 1, 2, 3, 4});
-        m_screen = new frmCombinedTeacherEntry(m_store->context());
-        m_screen->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_screen));
+        QVERIFY(openScreen({
+            {1, 1, 1, 1, 4},
+            {3, 1, 2, 3, 4}
+        }));
     }
 
-    void cleanup()
-    {
-        delete m_screen;
-        QVERIFY2(m_messages.done(), m_messages.report());
-        delete m_store;
-    }
+    void cleanup() { QVERIFY2(closeScreen(), m_messages.report()); }
 
     // Room = ceiling - allotted - the main row's 4 periods, with Teacher 2's ceiling at 10.
     void roomOfTheAddedTeacher_data()
