@@ -1,0 +1,1 @@
+tt_tests(LIBS tt_generation TESTS tst_random tst_placementrules tst_phaseone tst_phasetwo tst_generationinvariants)
