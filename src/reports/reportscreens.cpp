@@ -1,7 +1,9 @@
 #include "reportscreens.h"
+#include "frmrptteachertt.h"
 #include "screenregistry.h"
 
 void registerReportScreens(ScreenRegistry &registry)
 {
-    Q_UNUSED(registry)
+    registry.addScreen(QStringLiteral("frmrptTeacherTT"),
+                       [](AppContext &ctx) -> QWidget * { return new frmrptTeacherTT(ctx); });
 }

@@ -1,0 +1,162 @@
+#include "excelexport.h"
+#include "frmrptteachertt.h"
+#include "launcher.h"
+#include "reportschool.h"
+#include "scriptedmessages.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <memory>
+
+class tst_frmrptTeacherTT : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestStore> m_store;
+    std::unique_ptr<frmrptTeacherTT> m_form;
+    ScriptedMessages m_messages;
+    RecordingLauncher m_launcher;
+
+    template<typename T = QPushButton> T *control(const char *name) const
+    {
+        T *found = m_form->findChild<T *>(QLatin1String(name));
+        if (!found)
+            qFatal("no control %s", name);
+        return found;
+    }
+    void click(const char *name) { QTest::mouseClick(control(name), Qt::LeftButton); }
+    void chooseTeacher(int code)
+    {
+        auto *combo = control<QComboBox>("cboTeacher");
+        combo->setCurrentIndex(combo->findData(code));
+    }
+    QString cell(int row, int column) const
+    {
+        auto *grid = control<QTableView>("msgTeacher");
+        return grid->model()->index(row, column).data().toString();
+    }
+    void openForm()
+    {
+        m_form = std::make_unique<frmrptTeacherTT>(m_store->context());
+        m_form->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_form.get()));
+    }
+
+private slots:
+    void init()
+    {
+        m_store = std::make_unique<TestStore>();
+        m_messages.reset();
+        m_launcher = RecordingLauncher();
+        Launcher::setDefault(&m_launcher);
+        m_store->setMessages(m_messages);
+        buildReportSchool(*m_store);
+        openForm();
+    }
+
+    void cleanup()
+    {
+        QVERIFY2(m_messages.done(), m_messages.report());
+        m_form.reset();
+        m_store.reset();
+        Launcher::setDefault(nullptr);
+    }
+
+    void choosingATeacherFillsTheWeek()
+    {
+        QCOMPARE(m_form->windowTitle(), QStringLiteral("Teacher Time Table"));
+        auto *combo = control<QComboBox>("cboTeacher");
+        QCOMPARE(combo->count(), 3);
+        QCOMPARE(combo->itemText(1), QStringLiteral("Anita Rao"));
+        QCOMPARE(combo->itemData(0).toInt(), 0);
+        QCOMPARE(control("cmdPrint")->toolTip(), QStringLiteral("View In NOTEPAD Editor"));
+        QCOMPARE(control("cmdExport")->toolTip(), QStringLiteral("Export To EXCEL"));
+        auto *grid = control<QTableView>("msgTeacher");
+        QCOMPARE(grid->model()->rowCount(), 5);
+        QVERIFY(grid->isColumnHidden(5));
+        QVERIFY(!control("cmdExport")->isEnabled());
+
+        chooseTeacher(1);
+        QCOMPARE(cell(0, 1), QStringLiteral("   XA   MA "));
+        QCOMPARE(cell(4, 2), QStringLiteral("  'NC   MA "));
+        QVERIFY(control("cmdExport")->isEnabled());
+
+        chooseTeacher(2); // no periods: nothing to export
+        QCOMPARE(cell(0, 1), QString());
+        QVERIFY(!control("cmdExport")->isEnabled());
+
+        chooseTeacher(1);
+        click("cmdCancel");
+        QCOMPARE(combo->currentData().toInt(), 0);
+        QCOMPARE(cell(0, 1), QString());
+        QVERIFY(!control("cmdExport")->isEnabled());
+        QVERIFY(control("cmdPrint")->isEnabled());
+    }
+
+    void printWritesAndOpensTheFile()
+    {
+        chooseTeacher(1);
+        click("cmdPrint");
+        const QString path = m_store->folder() + QStringLiteral("/Anita Rao.txt");
+        QCOMPARE(m_launcher.textFiles, QStringList{path});
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+        QCOMPARE(lines.at(4), QStringLiteral("ANITA RAO"));
+        QCOMPARE(lines.at(9), QStringLiteral("|Monday      |  XA   |       |       | XIISC |"));
+
+        // A blank teacher still prints the empty frame, under the blank entry's name.
+        chooseTeacher(0);
+        click("cmdPrint");
+        QCOMPARE(m_launcher.textFiles.size(), 2);
+        QVERIFY(QFile::exists(m_launcher.textFiles.last()));
+    }
+
+    void printFailures()
+    {
+        m_store->exec(QStringLiteral("UPDATE PeriodDuration SET PeriodName = 'Recess Time' WHERE PeriodCode = 3"));
+        m_store->exec(QStringLiteral("UPDATE TeacherMaster SET TeacherName = 'Anita/Rao' WHERE TeacherCode = 1"));
+        openForm();
+        // An 11-letter period name fits the grid on screen, but not a column of the text file.
+        QCOMPARE(control<QTableView>("msgTeacher")->model()->headerData(3, Qt::Horizontal).toString(),
+                 QStringLiteral("Recess Time"));
+        m_messages.expectCritical();
+        click("cmdPrint");
+        QVERIFY(m_messages.shown().last().text.contains(QStringLiteral("Recess Time")));
+
+        m_store->exec(QStringLiteral("UPDATE PeriodDuration SET PeriodName = 'P3' WHERE PeriodCode = 3"));
+        openForm();
+        chooseTeacher(1);
+        m_messages.expectCritical();
+        click("cmdPrint"); // a name that cannot be a file name
+        QVERIFY(m_messages.shown().last().text.contains(QStringLiteral("Anita/Rao.txt")));
+        QVERIFY(m_launcher.textFiles.isEmpty());
+    }
+
+    void exportOpensTheSheet()
+    {
+        chooseTeacher(1);
+        click("cmdExport");
+        QCOMPARE(m_launcher.documents.size(), 1);
+        QVERIFY(m_launcher.documents.first().startsWith(m_store->context().tempFolder));
+        QVERIFY(QFile::exists(m_launcher.documents.first()));
+
+        // No program to show it, or no sheet at all: the one message of every export.
+        m_launcher.succeed = false;
+        m_messages.expectCritical(exportFailedText());
+        click("cmdExport");
+        m_launcher.succeed = true;
+        m_store->context().tempFolder = m_launcher.documents.first(); // a file where the folder should be
+        m_messages.expectCritical(exportFailedText());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Export failed")));
+        click("cmdExport");
+        QCOMPARE(m_launcher.documents.size(), 2);
+    }
+};
+
+QTEST_MAIN(tst_frmrptTeacherTT)
+#include "tst_frmrptteachertt.moc"
