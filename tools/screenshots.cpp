@@ -4,7 +4,9 @@
 #include "frmteachermaster.h"
 #include "mainmenu.h"
 #include "sampleschool.h"
+#include "reportscreens.h"
 #include "schooldatascreens.h"
+#include "timetablescreens.h"
 #include "frmstartlogin.h"
 #include "mditimetable.h"
 #include "messageservice.h"
@@ -15,6 +17,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QProcess>
 #include <QSqlQuery>
 #include <QDir>
 #include <QElapsedTimer>
@@ -100,11 +103,17 @@ int main(int argc, char *argv[])
     QTemporaryDir data;
     setUpSchool(data.path());
 
+    // A generated week, so that the timetable screens have something to show.
+    const QString ttcli = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../src/cli/ttcli"));
+    QProcess::execute(ttcli, {QStringLiteral("generate"), QStringLiteral("--data"), data.path()});
+
     QuietMessages messages;
     ScreenRegistry registry;
     registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
     registerSchoolDataScreens(registry);
     registerAllotmentScreens(registry);
+    registerTimetableScreens(registry);
+    registerReportScreens(registry);
     Shell shell(registry, messages, data.path());
     shell.start();
     waitFor([&] { return shell.loginScreen() != nullptr; });
@@ -156,6 +165,29 @@ int main(int argc, char *argv[])
                                       group.value(4).toInt());
     }
     save(main, docs, QStringLiteral("combined-class-entry.png"));
+    closeChildren(main);
+
+    if (auto *manual = openChild<QWidget>(main, QStringLiteral("frmManualPeriodsEntry"))) {
+        main->resize(1280, 800);
+        main->findChild<QMdiArea *>()->activeSubWindow()->showMaximized();
+        const auto pick = [&](const char *name, int index) {
+            if (auto *combo = manual->findChild<QComboBox *>(QString::fromLatin1(name)); combo && combo->count() > index)
+                combo->setCurrentIndex(index);
+            QApplication::processEvents();
+        };
+        pick("cboClass", 9);
+        pick("cboDivision", 1);
+        pick("cboSubject", 1);
+    }
+    save(main, docs, QStringLiteral("manual-periods-entry.png"));
+    closeChildren(main);
+
+    if (auto *report = openChild<QWidget>(main, QStringLiteral("frmrptTeacherTT"))) {
+        auto *teacher = report->findChild<QComboBox *>(QStringLiteral("cboTeacher"));
+        teacher->setCurrentIndex(qMin(5, teacher->count() - 1));
+        QApplication::processEvents();
+    }
+    save(main, docs, QStringLiteral("teacher-time-table.png"));
     closeChildren(main);
     return 0;
 }

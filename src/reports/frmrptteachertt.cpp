@@ -18,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QFontMetrics>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -104,11 +105,18 @@ void frmrptTeacherTT::showTeacher()
     for (int column = 0; column < m_model->columnCount(); ++column)
         m_msgTeacher->setColumnHidden(column, column == codeColumn);
     m_msgTeacher->resizeColumnsToContents();
-    int periodWidth = 0;
+    // Wide enough for a full cell ("XIIAB" and a short name) before any teacher is chosen, so that the
+    // window opens at the size it will need.
+    int periodWidth = QFontMetrics(m_msgTeacher->font()).horizontalAdvance(QString(12, QLatin1Char('X'))) + 8;
     for (int column = 1; column < codeColumn; ++column)
         periodWidth = qMax(periodWidth, m_msgTeacher->columnWidth(column));
     for (int column = 1; column < codeColumn; ++column)
         m_msgTeacher->setColumnWidth(column, periodWidth);
+    // The whole week stands without a scroll bar.
+    int width = 2 * m_msgTeacher->frameWidth();
+    for (int column = 0; column < codeColumn; ++column)
+        width += m_msgTeacher->columnWidth(column);
+    m_msgTeacher->setMinimumWidth(qMax(640, width + 4));
     m_cmdExport->setEnabled(placed > 0);
 }
 
