@@ -36,8 +36,10 @@ ClassDivisionGrids::ClassDivisionGrids(QWidget *classFrame, QWidget *divisionFra
     for (int column = SettledColumn; column <= CodeColumn; ++column)
         m_msgClassDetails->setColumnHidden(column, true);
     m_msgClassDetails->setColumnWidth(SerialColumn, 48);
-    m_msgClassDetails->setColumnWidth(NameColumn, 120);
+    m_msgClassDetails->setColumnWidth(NameColumn, 90);
     m_msgClassDetails->setColumnWidth(DivisionsColumn, 120);
+    // The hidden working columns come last, so the visible last column takes the spare width itself.
+    m_msgClassDetails->horizontalHeader()->setSectionResizeMode(OrderColumn, QHeaderView::Stretch);
     m_classOverlay = new CellEditorOverlay(m_msgClassDetails);
     m_txtClassName = createField(classFrame, QStringLiteral("txtClassName"), 5, false);
     m_txtNoOfDivisions = createField(classFrame, QStringLiteral("txtNoOfDivisions"), 2, true);
