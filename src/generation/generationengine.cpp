@@ -222,6 +222,17 @@ void GenerationEngine::writePhaseTwoStep(const QList<WorkRow> &list, bool writeT
     transaction.commit();
 }
 
+namespace {
+// Phase II and Fix Balance Periods ask the same question about classes whose allotments do not fill the week.
+QString phaseTwoTallyQuestion()
+{
+    return lines({QStringLiteral("Working Periods In Few Classes Are Not Properly Filled"),
+                  QStringLiteral("You Can See These Details In 'WorkAllotment Details Report'"),
+                  QStringLiteral("Without Filling These Periods You Can Proceed With 'Auto Generation Phase II'"),
+                  QStringLiteral("Do You Want To Proceed ?")});
+}
+}
+
 GenerationResult GenerationEngine::processPhaseTwo(MessageService &messages, const GenerationSettings &settings)
 {
     load();
@@ -238,11 +249,7 @@ GenerationResult GenerationEngine::processPhaseTwo(MessageService &messages, con
         result.pendingView = PendingView::PhaseOne;
         return result;
     }
-    const QString tally = lines({QStringLiteral("Working Periods In Few Classes Are Not Properly Filled"),
-                                 QStringLiteral("You Can See These Details In 'WorkAllotment Details Report'"),
-                                 QStringLiteral("Without Filling These Periods You Can Proceed With 'Auto Generation Phase II'"),
-                                 QStringLiteral("Do You Want To Proceed ?")});
-    if (!tallyAndExcessAllow(messages, tally, &result))
+    if (!tallyAndExcessAllow(messages, phaseTwoTallyQuestion(), &result))
         return result;
     const QList<WorkRow> list = BuildPhaseTwoList(m_s, m_tt);
     if (PhaseTwoBalance(list) <= 0) {
@@ -280,11 +287,7 @@ GenerationResult GenerationEngine::fixBalancePeriods(MessageService &messages, c
         messages.information(QStringLiteral("Without Performing Auto Generation Phase II Balance Periods Cannot Be Fixed"));
         return result;
     }
-    const QString tally = lines({QStringLiteral("Working Periods In Few Classes Are Not Properly Filled"),
-                                 QStringLiteral("You Can See These Details In 'WorkAllotment Details Report'"),
-                                 QStringLiteral("Without Filling These Periods You Can Proceed With 'Auto Generation Phase II'"),
-                                 QStringLiteral("Do You Want To Proceed ?")});
-    if (!tallyAndExcessAllow(messages, tally, &result))
+    if (!tallyAndExcessAllow(messages, phaseTwoTallyQuestion(), &result))
         return result;
     QList<WorkRow> list = BuildPhaseTwoList(m_s, m_tt);
     if (PhaseTwoBalance(list) < 1) {
