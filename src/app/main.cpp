@@ -2,6 +2,7 @@
 #include "dialogmessageservice.h"
 #include "allotmentscreens.h"
 #include "frmhelp.h"
+#include "generationscreens.h"
 #include "reportscreens.h"
 #include "schooldatascreens.h"
 #include "screenregistry.h"
@@ -20,6 +21,7 @@ void registerScreens(ScreenRegistry &registry)
     registerSchoolDataScreens(registry);
     registerAllotmentScreens(registry);
     registerTimetableScreens(registry);
+    registerGenerationScreens(registry);
     registerReportScreens(registry);
 }
 }

@@ -45,12 +45,43 @@ int sumOpen(const QList<WorkRow> &rows)
 
 }
 
+double StoredTotalAchieved(const QSqlDatabase &db)
+{
+    const Sql sql(db);
+    const int total = sql.scalar(QStringLiteral("SELECT IFNULL(SUM(NoOfSectionPeriods), 0) FROM WorkAllotmentEntry")).toInt();
+    const int filled = sql.scalar(QStringLiteral("SELECT COUNT(*) FROM TimeTable")).toInt();
+    if (total == 0 || filled == 0)
+        return -1;
+    return std::round(double(filled) / total * 1000.0) / 10.0;
+}
+
 GenerationEngine::GenerationEngine(const QSqlDatabase &db, RandomSource &random) : m_db(db), m_random(random) {}
 
 void GenerationEngine::load()
 {
+    const qint64 version = m_keepState ? storeVersion() : -1;
+    if (m_keepState && m_stateCurrent && version == m_storeVersion) {
+        m_s.loadRunState(m_db);
+        return;
+    }
     m_s.load(m_db);
     m_tt.reset(m_s);
+    m_underAllotted.reset();
+    m_overAllotted.reset();
+    m_storeVersion = version;
+    m_stateCurrent = true;
+}
+
+void GenerationEngine::keepStateBetweenSteps(bool keep)
+{
+    m_keepState = keep;
+    m_stateCurrent = false;
+}
+
+// Changes committed by other connections since this one last read; its own commits leave it as it is.
+qint64 GenerationEngine::storeVersion() const
+{
+    return Sql(m_db).scalar(QStringLiteral("PRAGMA data_version")).toLongLong();
 }
 
 double GenerationEngine::totalAchieved() const
@@ -119,11 +150,20 @@ void GenerationEngine::refreshPhaseOneBalance()
     transaction.commit();
 }
 
+// The tally and excess checks read the allotments and the masters only, which no step writes: they are asked
+// of the store once after each full load.
+bool GenerationEngine::allotmentCheck(std::optional<bool> &answer, bool (*check)(const QSqlDatabase &, const SchoolCalendar &))
+{
+    if (!answer)
+        answer = check(m_db, m_s.calendar);
+    return *answer;
+}
+
 bool GenerationEngine::tallyAndExcessAllow(MessageService &messages, const QString &tallyText, GenerationResult *result)
 {
-    if (ClassesUnderAllotted(m_db, m_s.calendar) && !messages.question(tallyText))
+    if (allotmentCheck(m_underAllotted, ClassesUnderAllotted) && !messages.question(tallyText))
         return false;
-    if (ClassesOverAllotted(m_db, m_s.calendar)) {
+    if (allotmentCheck(m_overAllotted, ClassesOverAllotted)) {
         result->openBlankPeriods = messages.question(ExcessText);
         return false;
     }
@@ -154,6 +194,7 @@ GenerationResult GenerationEngine::processPhaseOne(MessageService &messages, con
         return result;
     if (m_s.allotments.isEmpty()) {
         messages.information(QStringLiteral("No Periods Exists For Auto Generation Phase I"));
+        result.nothingToPlace = true;
         return result;
     }
     const QStringList failures = PhaseOneChecks::UniformConditionFailures(m_s);
@@ -174,12 +215,15 @@ GenerationResult GenerationEngine::processPhaseOne(MessageService &messages, con
         placer.insertGroupPeriods(list, group);
 
     const WorkList balance = BuildWorkList(m_s, index, m_tt.rows());
+    m_stateCurrent = false; // until the commit: a failed write leaves m_tt ahead of the store
     Transaction transaction(m_db);
     m_tt.write(m_db);
     Sql(m_db).run(QStringLiteral("UPDATE TTCode SET PIStatus = 'Y'"));
     WriteWorkList(m_db, balance);
     transaction.commit();
     m_s.piStatus = QStringLiteral("Y");
+    m_s.timetable = m_tt.rows();
+    m_stateCurrent = true;
 
     result = finish(result, control, before);
     result.openPeriods = balance.balance();
@@ -215,11 +259,17 @@ bool GenerationEngine::phaseTwoProcessAllowed() const
 
 void GenerationEngine::writePhaseTwoStep(const QList<WorkRow> &list, bool writeTimetable)
 {
+    if (writeTimetable)
+        m_stateCurrent = false; // until the commit: a failed write leaves m_tt ahead of the store
     Transaction transaction(m_db);
     if (writeTimetable)
         m_tt.write(m_db);
     WritePhaseTwoList(m_db, list);
     transaction.commit();
+    if (writeTimetable) {
+        m_s.timetable = m_tt.rows();
+        m_stateCurrent = true;
+    }
 }
 
 namespace {
@@ -255,6 +305,7 @@ GenerationResult GenerationEngine::processPhaseTwo(MessageService &messages, con
     if (PhaseTwoBalance(list) <= 0) {
         writePhaseTwoStep(list, false);
         messages.information(QStringLiteral("No Periods Exists For AutoGeneration Phase II"));
+        result.nothingToPlace = true;
         return result;
     }
     RunControl control = controlFor(settings, sumOpen(list));
@@ -293,6 +344,7 @@ GenerationResult GenerationEngine::fixBalancePeriods(MessageService &messages, c
     if (PhaseTwoBalance(list) < 1) {
         writePhaseTwoStep(list, false);
         messages.information(QStringLiteral("No Period Exists For Fixing"));
+        result.nothingToPlace = true;
         return result;
     }
     if (!messages.question(lines({QStringLiteral("These Periods Can Be Fixed In 'Manual TimeTable Entry' Easily And Quickly"),
@@ -346,12 +398,19 @@ GenerationResult GenerationEngine::fixBalancePeriods(MessageService &messages, c
     return result;
 }
 
+void GenerationEngine::refreshPhaseTwoBalance()
+{
+    load();
+    writePhaseTwoStep(BuildPhaseTwoList(m_s, m_tt), false);
+}
+
 PendingList GenerationEngine::pending(PendingView view)
 {
     const bool one = view == PendingView::PhaseOne;
     const QString open = one ? QStringLiteral("IFNULL(a.P1Insert, 0) + IFNULL(a.P2Insert, 0)") : QStringLiteral("IFNULL(a.P2Insert, 0)");
     const Sql sql(m_db);
-    QSqlQuery q = sql.run(QStringLiteral("SELECT %1, b.ClassName, c.DivisionName, d.TeacherName, e.SubjectName FROM %2 a, "
+    QSqlQuery q = sql.run(QStringLiteral("SELECT %1, b.ClassName, c.DivisionName, d.TeacherName, e.SubjectName, a.ClassCode, "
+                                         "a.DivisionCode, a.TeacherCode, a.SubjectCode FROM %2 a, "
                                          "ClassDivisionMaster b, ClassDivisionDetails c, TeacherMaster d, SubjectMaster e "
                                          "WHERE a.ClassCode = b.ClassCode AND a.DivisionCode = c.DivisionCode AND "
                                          "a.TeacherCode = d.TeacherCode AND a.SubjectCode = e.SubjectCode AND %1 > 0 "
@@ -360,7 +419,7 @@ PendingList GenerationEngine::pending(PendingView view)
     PendingList list;
     while (q.next()) {
         list.rows.append({q.value(1).toString(), q.value(2).toString(), q.value(3).toString(), q.value(4).toString(),
-                          q.value(0).toInt()});
+                          q.value(0).toInt(), q.value(5).toInt(), q.value(6).toInt(), q.value(7).toInt(), q.value(8).toInt()});
         list.total += q.value(0).toInt();
     }
     q = QSqlQuery();

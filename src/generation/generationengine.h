@@ -9,6 +9,7 @@
 #include <QSqlDatabase>
 #include <QString>
 #include <functional>
+#include <optional>
 
 class MessageService;
 
@@ -47,6 +48,7 @@ struct GenerationResult
     bool openPending = false;  // the screen opens the pending window with `pendingView`
     PendingView pendingView = PendingView::PhaseOne;
     bool openBlankPeriods = false; // the excess check asked for the over-allotted classes
+    bool nothingToPlace = false;   // the press found no period to place: its button goes off
     QList<int> unitsGivenUp;       // work-list IDs abandoned at the uniform-remainder cap
 };
 
@@ -55,6 +57,7 @@ struct PendingRow
 {
     QString className, divisionName, teacherName, subjectName;
     int open = 0;
+    int classCode = 0, division = 0, teacher = 0, subject = 0; // its AllotmentKey
 };
 struct PendingList
 {
@@ -63,6 +66,9 @@ struct PendingList
     int totalPeriods = 0;   // allotted periods
     int filledPeriods = 0;  // TimeTable rows
 };
+
+// "Total Achieved" from the store: TimeTable rows over allotted periods x 100, one decimal; -1 when either is 0.
+double StoredTotalAchieved(const QSqlDatabase &db);
 
 // The automatic generation of both phases. It reads the store once per press (load), decides every placement
 // in memory with the rules and draws of the generator, and writes TimeTable, the work lists and the status in
@@ -90,6 +96,13 @@ public:
     bool phaseTwoProcessAllowed() const; // no Phase II row yet
     GenerationResult processPhaseTwo(MessageService &messages, const GenerationSettings &settings);
     GenerationResult fixBalancePeriods(MessageService &messages, const GenerationSettings &settings);
+    // Phase II balance periods: the Phase II list rebuilt from the store and written, for the pending window.
+    void refreshPhaseTwoBalance();
+
+    // For a caller through whose connection nothing else writes between the steps (ttcli): a step then goes on
+    // from the school and the TimeTable that the step before left in memory, and reads again only the tables
+    // that the steps rewrite themselves, unless another connection has committed to the store in between.
+    void keepStateBetweenSteps(bool keep);
 
     PendingList pending(PendingView view);
     // TimeTable rows over allotted periods x 100; -1 when either is 0 (the label keeps its text).
@@ -100,9 +113,15 @@ private:
     bool tallyAndExcessAllow(MessageService &messages, const QString &tallyText, GenerationResult *result);
     void writePhaseTwoStep(const QList<WorkRow> &list, bool writeTimetable);
     GenerationResult finish(GenerationResult result, const RunControl &control, int placedBefore);
+    qint64 storeVersion() const;
+    bool allotmentCheck(std::optional<bool> &answer, bool (*check)(const QSqlDatabase &, const SchoolCalendar &));
 
     QSqlDatabase m_db;
     RandomSource &m_random;
     SchoolSnapshot m_s;
     TimetableState m_tt;
+    bool m_keepState = false;
+    bool m_stateCurrent = false; // m_s and m_tt hold what load() would read (see keepStateBetweenSteps)
+    qint64 m_storeVersion = -1;  // PRAGMA data_version at the last full load
+    std::optional<bool> m_underAllotted, m_overAllotted; // the tally and excess checks since the last full load
 };

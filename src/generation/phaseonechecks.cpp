@@ -48,9 +48,9 @@ void BuildTeacherFreePeriods(const QSqlDatabase &db, const SchoolCalendar &calen
     Transaction transaction(db);
     BuildFreePeriodDetails(db, calendar);
     if (Store::tableExists(db, QStringLiteral("AGP1TeacherDetails")))
-        Sql(db).run(QStringLiteral("UPDATE FreePeriodDetails SET TeacherSetting = 'Y' WHERE TeacherCode IN "
-                                   "(SELECT a.TeacherCode FROM TeacherMaster a, AGP1TeacherDetails b WHERE "
-                                   "a.TeacherName = b.TeacherName)"));
+        Sql(db).run(QStringLiteral("UPDATE FreePeriodDetails SET TeacherSetting = 'Y' WHERE TeacherCode IN ")
+                    + QStringLiteral("(Select a.TeacherCode from  TeacherMaster a,AGP1TeacherDetails b where ")
+                    + QStringLiteral("a.TeacherName=b.TeacherName)"));
     transaction.commit();
 }
 
@@ -80,21 +80,21 @@ void createDetails(const QSqlDatabase &db, const SchoolCalendar &calendar, const
     QString statement = head;
     const QStringList names = SchoolCalendar::periodNames(db);
     for (int p = 0; p < calendar.periodsPerDay && p < names.size(); ++p)
-        statement += Sql::identifier(names[p].trimmed()) + QStringLiteral(" TEXT,");
+        statement += Sql::identifier(names[p].trimmed()) + QStringLiteral(" Text(2),");
     Sql(db).run(statement + tail);
 }
 }
 
 void CreateTeacherDetails(const QSqlDatabase &db, const SchoolCalendar &calendar)
 {
-    createDetails(db, calendar, QStringLiteral("CREATE TABLE AGP1TeacherDetails (TeacherName TEXT,"),
-                  QStringLiteral("TeacherCode TEXT, NoOfPeriods TEXT, Counts TEXT, POLWDC TEXT)"));
+    createDetails(db, calendar, QStringLiteral("CREATE TABLE AGP1TeacherDetails (TeacherName Text(100) COLLATE NOCASE,"),
+                  QStringLiteral("TeacherCode text(3),NoOfPeriods text(3),Counts text(2),POLWDC text(2))"));
 }
 
 void CreateSubjectDetails(const QSqlDatabase &db, const SchoolCalendar &calendar)
 {
-    createDetails(db, calendar, QStringLiteral("CREATE TABLE AGP1SubjectDetails (SubjectName TEXT,"),
-                  QStringLiteral("SubjectCode INTEGER, Counts TEXT, POLWDC TEXT)"));
+    createDetails(db, calendar, QStringLiteral("CREATE TABLE AGP1SubjectDetails (SubjectName Text(25) COLLATE NOCASE,"),
+                  QStringLiteral("SubjectCode number,Counts Text(2),POLWDC Text(2))"));
 }
 
 void SaveWithoutDetails(const QSqlDatabase &db, const QString &answer)

@@ -13,3 +13,9 @@ double ListRandom::next()
         return 0.0;
     return m_values.at(m_used++ % m_values.size());
 }
+
+RandomSource &ProgramRandom()
+{
+    static LcgRandom random;
+    return random;
+}

@@ -26,6 +26,9 @@ private:
     quint32 m_state = Start;
 };
 
+// The one generator of this run of the program, shared by every screen that generates.
+RandomSource &ProgramRandom();
+
 // A fixed list of draws, repeated when it runs out: lets a test choose the sequence.
 class ListRandom final : public RandomSource
 {

@@ -82,13 +82,6 @@ void SchoolSnapshot::load(const QSqlDatabase &db)
     while (q.next())
         subjectNames.insert(q.value(0).toInt(), text(q.value(1)));
 
-    classDays.clear();
-    q = sql.run(QStringLiteral("SELECT ClassCode, NoOfWorkingDays FROM ClasswiseNoOfWorkingDays ORDER BY rowid"));
-    while (q.next())
-        if (!classDays.contains(q.value(0).toInt()))
-            classDays.insert(q.value(0).toInt(), q.value(1).toInt());
-    piStatus = text(sql.scalar(QStringLiteral("SELECT PIStatus FROM TTCode"))).trimmed().toUpper();
-
     timetable.clear();
     q = sql.run(QStringLiteral("SELECT ClassCode, DivisionCode, DayCode, PeriodCode, SubjectCode, TeacherCode, Manual, "
                                "CC, CT FROM TimeTable ORDER BY rowid"));
@@ -96,6 +89,19 @@ void SchoolSnapshot::load(const QSqlDatabase &db)
         timetable.append({q.value(0).toInt(), q.value(1).toInt(), q.value(2).toInt(), q.value(3).toInt(),
                           q.value(4).toInt(), q.value(5).toInt(), text(q.value(6)), text(q.value(7)), text(q.value(8))});
     q = QSqlQuery();
+    loadRunState(db);
+}
+
+void SchoolSnapshot::loadRunState(const QSqlDatabase &db)
+{
+    const Sql sql(db);
+    classDays.clear();
+    QSqlQuery q = sql.run(QStringLiteral("SELECT ClassCode, NoOfWorkingDays FROM ClasswiseNoOfWorkingDays ORDER BY rowid"));
+    while (q.next())
+        if (!classDays.contains(q.value(0).toInt()))
+            classDays.insert(q.value(0).toInt(), q.value(1).toInt());
+    q = QSqlQuery();
+    piStatus = text(sql.scalar(QStringLiteral("SELECT PIStatus FROM TTCode"))).trimmed().toUpper();
     loadSettings(db);
     loadFreeTypes(db);
 }

@@ -99,6 +99,8 @@ struct SchoolSnapshot
     // The free-period type of a teacher; 0 when FreePeriodDetails has no row for the teacher.
     int freeTypeOf(int teacher) const { return freeTypes.value(teacher, 0); }
 
+    // What the generation steps themselves rewrite: class-wise days, PIStatus, the settings, the free types.
+    void loadRunState(const QSqlDatabase &db);
     void loadSettings(const QSqlDatabase &db);
     void loadFreeTypes(const QSqlDatabase &db);
 };

@@ -1,10 +1,5 @@
 #include "timetablestate.h"
-#include "sql.h"
-#include "storeerror.h"
-
-#include <QSqlError>
-
-#include <QSqlQuery>
+#include "storedrows.h"
 
 void TimetableState::reset(const SchoolSnapshot &snapshot)
 {
@@ -157,14 +152,14 @@ int TimetableState::newRowCount() const
 
 void TimetableState::write(const QSqlDatabase &db)
 {
-    const Sql sql(db);
-    for (const auto &[classCode, division] : std::as_const(m_clearedClasses))
-        sql.run(QStringLiteral("DELETE FROM TimeTable WHERE ClassCode = ? AND DivisionCode = ? AND Manual = '2'"),
-                {classCode, division});
-    m_clearedClasses.clear();
-    QSqlQuery insert(db);
-    insert.prepare(QStringLiteral("INSERT INTO TimeTable (ClassCode, DivisionCode, DayCode, PeriodCode, SubjectCode, "
-                                  "TeacherCode, Manual, Spare, CC, CT) VALUES (?, ?, ?, ?, ?, ?, ?, '', ?, ?)"));
+    if (!m_clearedClasses.isEmpty()) {
+        RowStatement clear(db, QStringLiteral("DELETE FROM TimeTable WHERE ClassCode = ? AND DivisionCode = ? AND Manual = '2'"));
+        for (const auto &[classCode, division] : std::as_const(m_clearedClasses))
+            clear.run({classCode, division});
+        m_clearedClasses.clear();
+    }
+    RowStatement insert(db, QStringLiteral("INSERT INTO TimeTable (ClassCode, DivisionCode, DayCode, PeriodCode, SubjectCode, "
+                                           "TeacherCode, Manual, Spare, CC, CT) VALUES (?, ?, ?, ?, ?, ?, ?, '', ?, ?)"));
     QList<Entry> kept;
     kept.reserve(m_alive);
     for (Entry &entry : m_entries) {
@@ -172,12 +167,7 @@ void TimetableState::write(const QSqlDatabase &db)
             continue;
         if (!entry.stored) {
             const TimetableRow &r = entry.row;
-            for (const QVariant &value : {QVariant(r.classCode), QVariant(r.division), QVariant(r.day),
-                                          QVariant(r.period), QVariant(r.subject), QVariant(r.teacher),
-                                          QVariant(r.manual), QVariant(r.cc), QVariant(r.ct)})
-                insert.addBindValue(value);
-            if (!insert.exec())
-                throw StoreError(insert.lastError().text());
+            insert.run({r.classCode, r.division, r.day, r.period, r.subject, r.teacher, r.manual, r.cc, r.ct});
             entry.stored = true;
         }
         kept.append(entry);

@@ -1,10 +1,7 @@
 #include "worklist.h"
-#include "sql.h"
-#include "storeerror.h"
+#include "storedrows.h"
 
 #include <QSet>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <algorithm>
 
 AllotmentIndex::AllotmentIndex(const QList<Allotment> &allotments) : m_allotments(allotments)
@@ -207,19 +204,6 @@ private:
     qint16 m_id = 0;
 };
 
-void insertRows(const QSqlDatabase &db, const QString &statement, const QList<QVariantList> &rows)
-{
-    QSqlQuery insert(db);
-    if (!insert.prepare(statement))
-        throw StoreError(insert.lastError().text());
-    for (const QVariantList &values : rows) {
-        for (const QVariant &v : values)
-            insert.addBindValue(v);
-        if (!insert.exec())
-            throw StoreError(insert.lastError().text());
-    }
-}
-
 }
 
 QList<WorkUnit> WorkList::unitsOf(int group) const
@@ -260,13 +244,12 @@ WorkList BuildWorkList(const SchoolSnapshot &snapshot, const AllotmentIndex &ind
 
 void WriteWorkList(const QSqlDatabase &db, const WorkList &list)
 {
-    Sql(db).run(QStringLiteral("DELETE FROM AutoGenPhase1"));
     QList<QVariantList> values;
     values.reserve(list.rows.size());
     for (const WorkRow &r : list.rows)
         values.append({r.group, r.id, r.classCode, r.division, r.teacher, r.subject, r.periodCode, r.p1Insert,
                        r.p2Insert, 0, 0, r.ccSystem, r.ctSystem, QString()});
-    insertRows(db, QStringLiteral("INSERT INTO AutoGenPhase1 VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"), values);
+    ReplaceTableRows(db, QStringLiteral("AutoGenPhase1"), values);
 }
 
 QList<WorkRow> BuildPhaseTwoList(const SchoolSnapshot &snapshot, const TimetableState &timetable)
@@ -282,13 +265,12 @@ QList<WorkRow> BuildPhaseTwoList(const SchoolSnapshot &snapshot, const Timetable
 
 void WritePhaseTwoList(const QSqlDatabase &db, const QList<WorkRow> &rows)
 {
-    Sql(db).run(QStringLiteral("DELETE FROM AutoGenPhase2"));
     QList<QVariantList> values;
     values.reserve(rows.size());
     for (const WorkRow &r : rows)
         values.append({r.id, r.classCode, r.division, r.teacher, r.subject, 0, 0, r.p2Insert, 0, 0, r.ccSystem,
                        r.ctSystem, QString()});
-    insertRows(db, QStringLiteral("INSERT INTO AutoGenPhase2 VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"), values);
+    ReplaceTableRows(db, QStringLiteral("AutoGenPhase2"), values);
 }
 
 int PhaseTwoBalance(const QList<WorkRow> &rows)
