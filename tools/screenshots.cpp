@@ -2,6 +2,7 @@
 #include "frmcombinedclassentry.h"
 #include "frmhelp.h"
 #include "frmteachermaster.h"
+#include "generationscreens.h"
 #include "mainmenu.h"
 #include "sampleschool.h"
 #include "reportscreens.h"
@@ -17,15 +18,17 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QProcess>
-#include <QSqlQuery>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSqlQuery>
+#include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextStream>
 
 // Takes the README's screenshots offscreen: `screenshots DOCS_FOLDER`.
@@ -93,6 +96,113 @@ void closeChildren(mdiTimeTable *main)
     for (int i = 0; i < 5; ++i)
         QApplication::processEvents();
 }
+
+template <typename Control = QWidget>
+Control *control(QWidget *screen, const char *name)
+{
+    return screen ? screen->findChild<Control *>(QString::fromLatin1(name)) : nullptr;
+}
+
+// Clicks a button as a person would: only when it is there and enabled.
+bool press(QWidget *screen, const char *name)
+{
+    auto *button = control<QPushButton>(screen, name);
+    if (!button || !button->isEnabled()) {
+        QTextStream(stderr) << "screenshots: " << name << " cannot be pressed\n";
+        return false;
+    }
+    button->click();
+    QApplication::processEvents();
+    return true;
+}
+
+int number(const QString &statement)
+{
+    QSqlQuery query(QSqlDatabase::database(Shell::mainConnectionName()));
+    query.exec(statement);
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+int periodsToPlace()
+{
+    return number(QStringLiteral("SELECT IFNULL(SUM(NoOfSectionPeriods), 0) FROM WorkAllotmentEntry"));
+}
+
+int periodsPlaced()
+{
+    return number(QStringLiteral("SELECT COUNT(*) FROM TimeTable"));
+}
+
+QMdiSubWindow *frameOf(QWidget *screen)
+{
+    return screen ? qobject_cast<QMdiSubWindow *>(screen->parentWidget()) : nullptr;
+}
+
+void bringForward(mdiTimeTable *main, QWidget *screen)
+{
+    if (QMdiSubWindow *frame = frameOf(screen))
+        main->findChild<QMdiArea *>()->setActiveSubWindow(frame);
+    QApplication::processEvents();
+}
+
+// The open screen whose objectName is `name`, wherever the program opened it.
+QWidget *openScreenNamed(const QString &name)
+{
+    for (QWidget *widget : QApplication::allWidgets())
+        if (widget->objectName() == name && widget->isVisible())
+            return widget;
+    return nullptr;
+}
+
+// Phase I's settings: New, the uniform answer, one teacher kept free of one period, Save. The uniform periods
+// are asked for when the check grid shows no colour; otherwise the screen is left and the answer is NO.
+QWidget *settlePhaseOne(mdiTimeTable *main, QMdiArea *area)
+{
+    QWidget *phase1 = nullptr;
+    for (const QString &answer : {QStringLiteral("YES"), QStringLiteral("NO")}) {
+        phase1 = openChild<QWidget>(main, QStringLiteral("frmAutoGenerationPhaseI"));
+        if (!phase1)
+            return nullptr;
+        if (QMdiSubWindow *frame = frameOf(phase1))
+            frame->setGeometry(area->contentsRect());
+        press(phase1, "cmdNew");
+        auto *uniform = control<QComboBox>(phase1, "cboUniformPeriod");
+        const int item = uniform->findText(answer);
+        uniform->setCurrentIndex(item);
+        emit uniform->activated(item);
+        QApplication::processEvents();
+        if (control<QPushButton>(phase1, "cmdSave")->isEnabled())
+            break;
+        QTextStream(stderr) << "screenshots: the uniform periods cannot be kept, answering NO\n";
+        closeChildren(main); // the coloured grid leaves only Esc: the screen goes and opens afresh
+        phase1 = nullptr;
+    }
+    if (!phase1)
+        return nullptr;
+
+    // The teacher with the lightest load, free of one late period every day.
+    QSqlQuery lightest(QSqlDatabase::database(Shell::mainConnectionName()));
+    lightest.exec(QStringLiteral("SELECT t.TeacherName FROM TeacherMaster t JOIN WorkAllotmentEntry w ON w.TeacherCode = "
+                                 "t.TeacherCode WHERE t.TeacherCode > 0 GROUP BY t.TeacherCode "
+                                 "ORDER BY SUM(w.NoOfSectionPeriods), t.TeacherName LIMIT 1"));
+    auto *teachers = control<QTableWidget>(phase1, "msgTeacherDetails");
+    auto *teacher = control<QComboBox>(phase1, "cboTeacher");
+    if (lightest.next() && teacher->isVisible() && teacher->lineEdit()) {
+        teacher->setEditText(lightest.value(0).toString());
+        QTest::keyClick(teacher->lineEdit(), Qt::Key_Return);
+        QApplication::processEvents();
+        const int periods = teachers->columnCount() - 5; // the name, the periods, four work columns
+        for (int period = periods; period >= 2; --period) {
+            const QRect cell = teachers->visualRect(teachers->model()->index(0, period));
+            QTest::mouseClick(teachers->viewport(), Qt::LeftButton, {}, cell.center());
+            QApplication::processEvents();
+            if (teachers->item(0, period) && teachers->item(0, period)->text() == QLatin1String("No"))
+                break;
+        }
+    }
+    press(phase1, "cmdSave");
+    return phase1;
+}
 }
 
 int main(int argc, char *argv[])
@@ -103,16 +213,13 @@ int main(int argc, char *argv[])
     QTemporaryDir data;
     setUpSchool(data.path());
 
-    // A generated week, so that the timetable screens have something to show.
-    const QString ttcli = QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../src/cli/ttcli"));
-    QProcess::execute(ttcli, {QStringLiteral("generate"), QStringLiteral("--data"), data.path()});
-
     QuietMessages messages;
     ScreenRegistry registry;
     registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
     registerSchoolDataScreens(registry);
     registerAllotmentScreens(registry);
     registerTimetableScreens(registry);
+    registerGenerationScreens(registry);
     registerReportScreens(registry);
     Shell shell(registry, messages, data.path());
     shell.start();
@@ -129,6 +236,64 @@ int main(int argc, char *argv[])
     main->resize(1100, 720);
     waitFor([&] { return main->isVisible(); });
     save(main, docs, QStringLiteral("main-window.png"));
+
+    // The week, generated through the generation screens as the office would: Phase I with its settings,
+    // Phase II, then Fix Balance Periods while periods stay open (at most three presses, as ttcli generate).
+    main->resize(1280, 860);
+    QApplication::processEvents();
+    auto *area = main->findChild<QMdiArea *>();
+    QWidget *phase1 = settlePhaseOne(main, area);
+    if (phase1) {
+        press(phase1, "cmdProcess");
+        bringForward(main, phase1);
+        press(phase1, "cmdTimeTablePercentage");
+    }
+    QTextStream(stdout) << "Phase I placed " << periodsPlaced() << " of " << periodsToPlace() << '\n';
+    save(main, docs, QStringLiteral("auto-generation-phase-1.png"));
+
+    closeChildren(main);
+
+    QWidget *phase2 = openChild<QWidget>(main, QStringLiteral("frmAutoGenerationPhaseII"));
+    press(phase2, "cmdProcess");
+    for (int fix = 1; fix <= 3 && periodsPlaced() < periodsToPlace(); ++fix)
+        if (!press(phase2, "cmdFixBalancePeriods"))
+            break;
+    // Phase II at the top, and under it the pending window that its last press opened.
+    if (QMdiSubWindow *frame = frameOf(phase2)) {
+        frame->move(16, 16);
+        if (QMdiSubWindow *below = frameOf(openScreenNamed(QStringLiteral("frmPendingPeriods"))))
+            below->move(16, frame->geometry().bottom() + 16);
+    }
+    bringForward(main, phase2);
+    press(phase2, "cmdTotalAchieved");
+    QTextStream(stdout) << "Phase II placed " << periodsPlaced() << " of " << periodsToPlace() << '\n';
+    save(main, docs, QStringLiteral("auto-generation-phase-2.png"));
+
+    // The pending window of Phase II, or of Phase I when Phase II holds nothing open, with a reason showing.
+    press(phase2, "cmdBalancePeriods");
+    QWidget *pending = openScreenNamed(QStringLiteral("frmPendingPeriods"));
+    if (!pending || control<QTableWidget>(pending, "msgDetails")->rowCount() == 0) {
+        phase1 = openChild<QWidget>(main, QStringLiteral("frmAutoGenerationPhaseI"));
+        press(phase1, "cmdPendingPeriods");
+        pending = openScreenNamed(QStringLiteral("frmPendingPeriods"));
+    }
+    if (QMdiSubWindow *frame = frameOf(pending)) {
+        bringForward(main, pending);
+        frame->resize(frame->width(), area->viewport()->height() - 2 * 16);
+        frame->move((area->viewport()->width() - frame->width()) / 2, 16);
+        auto *rows = control<QTableWidget>(pending, "msgDetails");
+        auto *reason = control<QPlainTextEdit>(pending, "txtReason");
+        for (int row = 0; row < rows->rowCount(); ++row) {
+            rows->selectRow(row);
+            QApplication::processEvents();
+            if (!reason->toPlainText().trimmed().isEmpty())
+                break;
+        }
+        QTextStream(stdout) << "Pending rows: " << rows->rowCount() << '\n';
+    }
+    save(main, docs, QStringLiteral("pending-periods.png"));
+    closeChildren(main);
+    main->resize(1100, 720);
 
     shell.context().session.helpScreenNo = 10;
     main->openScreen(QStringLiteral("frmHelp"));

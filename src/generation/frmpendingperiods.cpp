@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -165,6 +166,13 @@ void frmPendingPeriods::fillGrid(const PendingList &list)
         }
     }
     m_msgDetails->resizeColumnsToContents();
+    // Wide enough for every column at once: the pending figures stand at the right edge, where a horizontal
+    // scroll would hide them.
+    const QAbstractItemView *view = m_msgDetails;
+    int columns = 2 * m_msgDetails->frameWidth() + m_msgDetails->verticalScrollBar()->sizeHint().width();
+    for (int column = 0; column < Headings.size(); ++column)
+        columns += qMax(view->sizeHintForColumn(column), m_msgDetails->horizontalHeader()->sectionSizeHint(column));
+    m_msgDetails->setMinimumWidth(qMax(600, columns));
     // The same allotment stays selected when the window comes forward again, or the first one is.
     if (!list.rows.isEmpty())
         m_msgDetails->selectRow(selected >= 0 && selected < list.rows.size() ? selected : 0);
