@@ -1,3 +1,4 @@
+#include "completionstore.h"
 #include "generationengine.h"
 #include "messageservice.h"
 #include "random.h"
@@ -42,6 +43,8 @@ struct Options
     QString uniform = QStringLiteral("YES");
     int fixPresses = 3;
     qint64 cap = 200000;
+    bool complete = false;    // generate: complete each phase's balance instead of pressing Fix Balance Periods
+    double timeLimit = 10;    // seconds a completion may search
 };
 
 QElapsedTimer clock_;
@@ -106,6 +109,34 @@ bool fix(GenerationEngine &engine, MessageService &messages, const GenerationSet
     return result->outcome != GenerationResult::Outcome::Stopped;
 }
 
+// Completes the current stage by moving periods, and says what stays open and why.
+bool complete(const QSqlDatabase &db, CompletionStage stage, const Options &options, int *open)
+{
+    const qint64 started = clock_.nsecsElapsed();
+    Completion::Settings settings;
+    settings.timeLimitSeconds = options.timeLimit;
+    const CompletionReport report = CompleteTimetable(db, stage, settings);
+    const Completion::Outcome &o = report.outcome;
+    out << (stage == CompletionStage::PhaseOne ? "Complete Phase I" : "Complete Phase II") << ": " << o.placed
+        << " periods placed, " << o.moved << " periods moved, " << o.openAfter << " periods open, rule breaks "
+        << report.breaksBefore << " before and " << report.breaksAfter << " after, "
+        << QString::number((clock_.nsecsElapsed() - started) / 1e9, 'f', 3) << " s"
+        << (o.timedOut ? " (time limit)" : "") << ", " << o.iterations << " steps\n";
+    for (const QString &reason : report.reasons)
+        out << "  " << reason << '\n';
+    *open = o.openAfter;
+    return true;
+}
+
+int checkRules(const QSqlDatabase &db)
+{
+    const QStringList breaks = CheckStoredTimetable(db);
+    for (const QString &text : breaks)
+        out << text << '\n';
+    out << "Rule breaks: " << breaks.size() << '\n';
+    return breaks.isEmpty() ? 0 : 3;
+}
+
 void printPending(GenerationEngine &engine, const QSqlDatabase &db)
 {
     const bool phaseTwoRan = Sql(db).exists(QStringLiteral("SELECT 1 FROM TimeTable WHERE Manual = '2'"));
@@ -125,6 +156,9 @@ int generation(const QString &command, const QSqlDatabase &db, const Options &op
 {
     LcgRandom random; // one generator for the whole run, every step drawing in turn
     GenerationEngine engine(db, random);
+    // Nothing but the engine writes through this connection, so a step need not read back what the one
+    // before it wrote; another copy of the program writing to the store in between is still noticed.
+    engine.keepStateBetweenSteps(true);
     engine.load();
     if (!engine.snapshot().calendar.schoolSetUp) {
         err << "The school is not set up in this store\n";
@@ -143,7 +177,19 @@ int generation(const QString &command, const QSqlDatabase &db, const Options &op
         ok = fix(engine, messages, settings, &result, 0);
     else if (command == QLatin1String("pending"))
         printPending(engine, db);
-    else {
+    else if (command == QLatin1String("complete"))
+        ok = complete(db, CurrentCompletionStage(db), options, &result.openPeriods);
+    else if (options.complete) {
+        // Phase I, its balance completed so that Phase II may start, Phase II, its balance completed.
+        ok = phaseOne(engine, messages, settings, options, false, &result);
+        if (ok)
+            ok = complete(db, CompletionStage::PhaseOne, options, &result.openPeriods);
+        engine.load();
+        if (ok && engine.phaseTwoProcessAllowed())
+            ok = phaseTwo(engine, messages, settings, &result);
+        if (ok)
+            ok = complete(db, CompletionStage::PhaseTwo, options, &result.openPeriods);
+    } else {
         ok = phaseOne(engine, messages, settings, options, false, &result);
         if (ok && engine.phaseTwoProcessAllowed())
             ok = phaseTwo(engine, messages, settings, &result);
@@ -185,7 +231,9 @@ int main(int argc, char *argv[])
         "  phase2    Auto Generation Phase II\n"
         "  fix       Fix Balance Periods once\n"
         "  generate  Phase I, Phase II, then Fix Balance Periods while periods stay open\n"
-        "  pending   list the periods still open"));
+        "  pending   list the periods still open\n"
+        "  complete  place the current phase's open periods by moving generated ones (--time-limit)\n"
+        "  check     list every break of the placement rules in the timetable"));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("one of the commands above"));
     const QCommandLineOption folder({QStringLiteral("f"), QStringLiteral("folder"), QStringLiteral("data")},
@@ -203,12 +251,18 @@ int main(int argc, char *argv[])
     const QCommandLineOption cap(QStringLiteral("uniform-remainder-cap"),
                                  QStringLiteral("Attempts before a uniform remainder unit is given up (default 200000)."),
                                  QStringLiteral("n"), QStringLiteral("200000"));
-    parser.addOptions({folder, size, seed, uniform, presses, cap});
+    const QCommandLineOption completeOption(QStringLiteral("complete"),
+                                            QStringLiteral("generate: complete each phase instead of Fix Balance Periods."));
+    const QCommandLineOption timeLimit(QStringLiteral("time-limit"),
+                                       QStringLiteral("Seconds a completion may search (default 10)."),
+                                       QStringLiteral("s"), QStringLiteral("10"));
+    parser.addOptions({folder, size, seed, uniform, presses, cap, completeOption, timeLimit});
     parser.process(app);
     const QStringList args = parser.positionalArguments();
     const QStringList commands = {QStringLiteral("init"), QStringLiteral("status"), QStringLiteral("sample"),
                                   QStringLiteral("phase1"), QStringLiteral("phase2"), QStringLiteral("fix"),
-                                  QStringLiteral("generate"), QStringLiteral("pending")};
+                                  QStringLiteral("generate"), QStringLiteral("pending"), QStringLiteral("complete"),
+                                  QStringLiteral("check")};
     if (args.size() != 1 || !commands.contains(args.first())) {
         err << parser.helpText();
         return 2;
@@ -228,6 +282,13 @@ int main(int argc, char *argv[])
     options.fixPresses = int(number);
     if (!positive(parser.value(cap), &options.cap, false)) {
         err << "--uniform-remainder-cap takes a number above 0\n";
+        return 2;
+    }
+    options.complete = parser.isSet(completeOption);
+    bool seconds = false;
+    options.timeLimit = parser.value(timeLimit).toDouble(&seconds);
+    if (!seconds || options.timeLimit <= 0) {
+        err << "--time-limit takes a number of seconds above 0\n";
         return 2;
     }
     SampleSchool::Size sampleSize = SampleSchool::Size::Small;
@@ -272,6 +333,8 @@ int main(int argc, char *argv[])
                 const int rows = sql.scalar(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1String(table))).toInt();
                 out << table << ": " << rows << '\n';
             }
+        } else if (command == QLatin1String("check")) {
+            code = checkRules(db);
         } else if (command == QLatin1String("init")) {
             out << "Store ready in " << QDir::toNativeSeparators(dataFolder) << '\n';
         } else {

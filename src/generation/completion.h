@@ -1,0 +1,52 @@
+#pragma once
+#include "completionmodel.h"
+
+#include <functional>
+
+// The search that completes a timetable: it places every open meeting, moving meetings the generator placed
+// (never those placed by hand or the uniform periods) out of the way and placing them again elsewhere, each
+// placement under the generator's rules. An ejection chain with a tabu memory: an open meeting takes the
+// slot whose occupants cost least to move, they become open in turn, and the best state seen is kept.
+// Deterministic: the same model gives the same result.
+class Completion
+{
+public:
+    struct Settings
+    {
+        std::function<void(int openRows, int placedRows)> progress;
+        std::function<bool()> cancelRequested;
+        double timeLimitSeconds = 10;
+        qint64 iterationLimit = 2000000;
+        qint64 stallLimit = 300000; // steps without a better state before the search gives up
+    };
+    struct Outcome
+    {
+        int openBefore = 0; // rows
+        int openAfter = 0;
+        int placed = 0;     // new rows standing at the end
+        int moved = 0;      // stored rows standing in another slot
+        bool cancelled = false;
+        bool timedOut = false;
+        qint64 iterations = 0;
+    };
+
+    explicit Completion(CompletionModel &model) : m_model(model) {}
+
+    Outcome run(const Settings &settings);
+
+    // Whether the open meeting may stand at (day, period) once `evicted` are out of the way.
+    bool allowed(int meeting, int day, int period, const QList<int> &evicted) const;
+    // The meetings that hold a class or teacher of `meeting` at the slot; false when one of them cannot move.
+    bool occupants(int meeting, int day, int period, QList<int> *found) const;
+
+private:
+    // When only the spreading or a free-period type stands in the way, the meetings that cause it may move
+    // too: the lesson's other periods that day, then one meeting of the teacher in the counted periods.
+    bool widen(int meeting, int day, int period, QList<int> *evicted) const;
+    int openRows() const;
+    int rowsOf(int meeting) const { return int(m_model.meetings()[meeting].rows.size()); }
+    void restore(const std::vector<QPair<int, int>> &saved);
+    void undoNeedlessMoves();
+
+    CompletionModel &m_model;
+};

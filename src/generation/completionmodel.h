@@ -1,0 +1,106 @@
+#pragma once
+#include "placementrules.h"
+#include "schoolsnapshot.h"
+
+#include <QList>
+#include <QString>
+#include <vector>
+
+// A timetable as the completion and the rule check see it: every allotment (a lesson) with its combined
+// group, every row with the meeting it belongs to, and who occupies each slot. A meeting is the rows of one
+// combined group (or one lone allotment) in one slot; it moves whole or not at all.
+class CompletionModel
+{
+public:
+    struct Lesson
+    {
+        int allotment = 0; // index into the snapshot's allotments
+        int teacher = 0;   // index into teachers()
+        int klass = 0;     // index into classes()
+        int periods = 0;   // NoOfSectionPeriods
+        int days = 0;      // the class's working days
+        bool shortLastDay = false;
+        PlacementRules::Spread spread;
+        quint32 noMask = 0; // periods (bit p) kept free by the teacher's or the subject's "No" setting
+        int group = 0;      // combined group: lessons that stand together share it
+        int freeType = 0;
+        int uniformPeriod = 0; // the class teacher's own allotment: the uniform period, else 0
+    };
+    struct Row
+    {
+        TimetableRow data;
+        qint64 rowid = 0; // 0 for a row not yet stored
+        int lesson = -1;  // -1: the row matches no allotment
+        int day = 0;
+        int period = 0;
+        int meeting = -1;
+        bool alive = true;
+    };
+    struct Meeting
+    {
+        QList<int> rows;
+        int day = 0; // 0 while open
+        int period = 0;
+        bool fixed = false;    // placed by hand, a uniform period, or a row of no allotment
+        int onlyPeriod = 0;    // an open uniform period goes to this period only
+        int originalDay = 0;   // where the meeting stood before the completion (0: it was open)
+        int originalPeriod = 0;
+    };
+
+    CompletionModel(const SchoolSnapshot &snapshot, const QList<TimetableRow> &rows, const QList<qint64> &rowids);
+
+    const SchoolSnapshot &snapshot() const { return m_s; }
+    const SchoolCalendar &calendar() const { return m_s.calendar; }
+    int slotsPerDay() const { return m_periods; }
+    int slotOf(int day, int period) const { return (day - 1) * m_periods + (period - 1); }
+    int periodsOn(int day) const { return m_s.calendar.periodsOn(day); }
+
+    const QList<Lesson> &lessons() const { return m_lessons; }
+    int lessonOf(quint64 key) const { return m_lessonOfKey.value(key, -1); }
+    QList<Row> &rows() { return m_rows; }
+    const QList<Row> &rows() const { return m_rows; }
+    QList<Meeting> &meetings() { return m_meetings; }
+    const QList<Meeting> &meetings() const { return m_meetings; }
+    int teacherCount() const { return int(m_teacherCodes.size()); }
+    int classCount() const { return int(m_classCodes.size()); }
+    int teacherCode(int index) const { return m_teacherCodes.at(index); }
+    QPair<int, int> classCode(int index) const { return m_classCodes.at(index); }
+
+    // Generator rows are the ones the rules bind: Manual "1" or "2", not a uniform period.
+    bool isUniform(const Row &row) const;
+    bool isGeneratorRow(const Row &row) const;
+
+    // A new open meeting of the lessons given, each getting a row with `manual`.
+    int addOpenMeeting(const QList<int> &lessons, const QString &manual, int onlyPeriod);
+
+    // Occupancy: the meeting holding a class or teacher at a slot; -1 free, -2 more than one (a clash left
+    // by hand), which nothing may move into.
+    int classAt(int klass, int slot) const { return m_classOcc[size_t(klass) * m_slots + slot]; }
+    int teacherAt(int teacher, int slot) const { return m_teacherOcc[size_t(teacher) * m_slots + slot]; }
+    void place(int meeting, int day, int period);
+    void unplace(int meeting);
+    // Rows of the lesson on the day, and the period of the last of them.
+    int lessonOnDay(int lesson, int day, int *period = nullptr) const;
+    // The lesson's placed rows.
+    const QList<int> &lessonRows(int lesson) const { return m_lessonRows[lesson]; }
+
+private:
+    int ensureTeacher(int code);
+    int ensureClass(int classCode, int division);
+    void occupy(int meeting, bool on);
+
+    const SchoolSnapshot &m_s;
+    int m_periods = 1;
+    int m_slots = 1;
+    QList<Lesson> m_lessons;
+    QHash<quint64, int> m_lessonOfKey;
+    QList<Row> m_rows;
+    QList<Meeting> m_meetings;
+    QList<int> m_teacherCodes;
+    QList<QPair<int, int>> m_classCodes;
+    QHash<int, int> m_teacherIndex;
+    QHash<quint32, int> m_classIndex;
+    std::vector<int> m_classOcc;
+    std::vector<int> m_teacherOcc;
+    std::vector<QList<int>> m_lessonRows; // live placed rows of each lesson
+};
