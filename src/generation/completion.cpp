@@ -1,10 +1,8 @@
 #include "completion.h"
 
 #include <QElapsedTimer>
-#include <deque>
 #include <limits>
 
-namespace {
 // A small generator of its own: the completion must not take draws from the program's generator, whose
 // sequence belongs to the generation screens.
 class SplitMix
@@ -22,9 +20,6 @@ public:
 private:
     quint64 m_state = 0x5A4C4F2024ull;
 };
-
-constexpr int TabuPenalty = 1000;
-}
 
 bool Completion::occupants(int meeting, int day, int period, QList<int> *found) const
 {
@@ -130,17 +125,6 @@ int Completion::openRows() const
     return open;
 }
 
-void Completion::restore(const std::vector<QPair<int, int>> &saved)
-{
-    QList<CompletionModel::Meeting> &meetings = m_model.meetings();
-    for (int m = 0; m < meetings.size(); ++m)
-        if (!meetings[m].fixed && meetings[m].day > 0)
-            m_model.unplace(m);
-    for (int m = 0; m < meetings.size(); ++m)
-        if (!meetings[m].fixed && saved[m].first > 0)
-            m_model.place(m, saved[m].first, saved[m].second);
-}
-
 // A meeting that could stand where it stood before is put back there: nothing moves without need.
 void Completion::undoNeedlessMoves()
 {
@@ -157,45 +141,123 @@ void Completion::undoNeedlessMoves()
         m_model.unplace(m);
         QList<int> found;
         if (occupants(m, meetings[m].originalDay, meetings[m].originalPeriod, &found) && found.isEmpty()
-            && allowed(m, meetings[m].originalDay, meetings[m].originalPeriod, none))
+            && allowed(m, meetings[m].originalDay, meetings[m].originalPeriod, none)) {
             m_model.place(m, meetings[m].originalDay, meetings[m].originalPeriod);
-        else
-            m_model.place(m, day, period);
+            continue;
+        }
+        // A new meeting of the same rows standing in its old slot trades places with it.
+        if (found.size() == 1 && sameRows(m, found.first()) && meetings[found.first()].originalDay == 0) {
+            const int twin = found.first();
+            m_model.unplace(twin);
+            m_model.place(m, meetings[m].originalDay, meetings[m].originalPeriod);
+            m_model.place(twin, day, period);
+            continue;
+        }
+        m_model.place(m, day, period);
     }
+}
+
+bool Completion::sameRows(int a, int b) const
+{
+    const QList<int> &ra = m_model.meetings()[a].rows;
+    const QList<int> &rb = m_model.meetings()[b].rows;
+    if (ra.size() != rb.size())
+        return false;
+    for (int i = 0; i < ra.size(); ++i) {
+        const CompletionModel::Row &x = m_model.rows()[ra[i]];
+        const CompletionModel::Row &y = m_model.rows()[rb[i]];
+        if (x.lesson != y.lesson || x.data.manual != y.data.manual)
+            return false;
+    }
+    return true;
+}
+
+// One ejection chain: the open meeting takes the slot that costs least, what it moved out takes the next, and
+// so on until nothing waits; a chain that runs too long or meets a meeting with no slot at all is undone.
+bool Completion::chain(int start, int maxSteps, SplitMix &random)
+{
+    QList<CompletionModel::Meeting> &meetings = m_model.meetings();
+    const SchoolCalendar &cal = m_model.calendar();
+    QList<int> waiting{start};
+    QList<int> moved{start};
+    QList<QPair<int, int>> before{{meetings[start].day, meetings[start].period}};
+    QList<int> found, chosen;
+    auto undo = [&] {
+        for (int m : std::as_const(moved))
+            if (meetings[m].day > 0)
+                m_model.unplace(m);
+        for (int i = 0; i < moved.size(); ++i)
+            if (before[i].first > 0)
+                m_model.place(moved[i], before[i].first, before[i].second);
+    };
+    for (int step = 0; !waiting.isEmpty(); ++step) {
+        if (step >= maxSteps) {
+            undo();
+            return false;
+        }
+        const int m = waiting.takeLast();
+        const int leftSlot = before[moved.indexOf(m)].first > 0
+            ? m_model.slotOf(before[moved.indexOf(m)].first, before[moved.indexOf(m)].second) : -1;
+        int bestCost = std::numeric_limits<int>::max();
+        int bestDay = 0, bestPeriod = 0;
+        for (int i = 0; i < cal.noOfWorkingDays; ++i) {
+            const int day = weekDay(cal, i);
+            for (int period = 1; period <= m_model.periodsOn(day); ++period) {
+                if (m_model.slotOf(day, period) == leftSlot || !occupants(m, day, period, &found))
+                    continue;
+                if (!allowed(m, day, period, found) && !widen(m, day, period, &found))
+                    continue;
+                // What this chain has moved already stays where it went: no going round in circles.
+                bool loops = false;
+                int cost = random.below(16);
+                for (int o : std::as_const(found)) {
+                    loops = loops || moved.contains(o);
+                    cost += 64 * rowsOf(o) + 16;
+                }
+                if (loops || cost >= bestCost)
+                    continue;
+                bestCost = cost;
+                bestDay = day;
+                bestPeriod = period;
+                chosen = found;
+            }
+        }
+        if (bestDay == 0) {
+            undo();
+            return false;
+        }
+        for (int o : std::as_const(chosen)) {
+            moved.append(o);
+            before.append({meetings[o].day, meetings[o].period});
+            m_model.unplace(o);
+            waiting.append(o);
+        }
+        m_model.place(m, bestDay, bestPeriod);
+    }
+    return true;
 }
 
 Completion::Outcome Completion::run(const Settings &settings)
 {
     Outcome outcome;
     QList<CompletionModel::Meeting> &meetings = m_model.meetings();
-    const SchoolCalendar &cal = m_model.calendar();
-    const int meetingCount = int(meetings.size());
-    std::vector<QPair<int, int>> start(meetingCount), best(meetingCount);
-    std::deque<int> open;
-    for (int m = 0; m < meetingCount; ++m) {
-        start[m] = {meetings[m].day, meetings[m].period};
-        if (meetings[m].day == 0 && !meetings[m].fixed)
-            open.push_back(m);
-    }
-    best = start;
     outcome.openBefore = openRows();
-    int bestOpen = outcome.openBefore;
-    int currentOpen = bestOpen;
-    int storedOpen = 0; // rows that stood before the completion and are open now: a state with any is no result
-
-    std::vector<qint64> placedAt(meetingCount, std::numeric_limits<qint64>::min() / 2);
-    std::vector<qint64> leftAt(meetingCount, std::numeric_limits<qint64>::min() / 2);
-    std::vector<int> leftSlot(meetingCount, -1);
+    QList<int> open;
+    for (int m = 0; m < meetings.size(); ++m)
+        if (meetings[m].day == 0 && !meetings[m].fixed)
+            open.append(m);
     SplitMix random;
     QElapsedTimer clock;
     clock.start();
-    int stuckInARow = 0;
-    QList<int> found, chosen;
-
-    qint64 iteration = 0;
-    qint64 lastBetter = 0;
-    for (; !open.empty() && iteration < settings.iterationLimit && iteration - lastBetter < settings.stallLimit; ++iteration) {
-        if ((iteration & 255) == 0) {
+    int openNow = outcome.openBefore;
+    // Rounds over the open meetings, each trying longer chains than the one before, until a round places
+    // nothing at its longest chains.
+    const QList<int> lengths = {4, 12, 40, 120, 400, 1500};
+    const QList<int> attempts = {6, 6, 6, 8, 12, 24};
+    for (int round = 0; !open.isEmpty(); ++round) {
+        const int maxSteps = lengths[qMin<qsizetype>(round, lengths.size() - 1)];
+        bool progress = false;
+        for (int i = 0; i < open.size();) {
             if (settings.cancelRequested && settings.cancelRequested()) {
                 outcome.cancelled = true;
                 break;
@@ -204,71 +266,26 @@ Completion::Outcome Completion::run(const Settings &settings)
                 outcome.timedOut = true;
                 break;
             }
-            if (settings.progress)
-                settings.progress(currentOpen, outcome.openBefore - currentOpen);
-        }
-        const int m = open.front();
-        open.pop_front();
-        // The tabu tenure varies a little, so that two meetings cannot chase each other for ever.
-        const int tenure = 7 + random.below(8);
-        int bestCost = std::numeric_limits<int>::max();
-        int bestDay = 0, bestPeriod = 0;
-        for (int i = 0; i < cal.noOfWorkingDays; ++i) {
-            const int day = weekDay(cal, i);
-            for (int period = 1; period <= m_model.periodsOn(day); ++period) {
-                if (!occupants(m, day, period, &found))
-                    continue;
-                if (!allowed(m, day, period, found) && !widen(m, day, period, &found))
-                    continue;
-                int cost = random.below(4);
-                for (int o : found) {
-                    cost += 8 * rowsOf(o) + 4;
-                    if (iteration - placedAt[o] < tenure)
-                        cost += TabuPenalty;
-                }
-                if (leftSlot[m] == m_model.slotOf(day, period) && iteration - leftAt[m] < tenure)
-                    cost += TabuPenalty;
-                if (cost < bestCost) {
-                    bestCost = cost;
-                    bestDay = day;
-                    bestPeriod = period;
-                    chosen = found;
-                }
+            const int m = open[i];
+            bool placed = false;
+            for (int attempt = 0; attempt < attempts[qMin<qsizetype>(round, attempts.size() - 1)] && !placed; ++attempt) {
+                ++outcome.iterations;
+                placed = chain(m, maxSteps, random);
+            }
+            if (placed) {
+                open.removeAt(i);
+                openNow -= rowsOf(m);
+                progress = true;
+                if (settings.progress)
+                    settings.progress(openNow, outcome.openBefore - openNow);
+            } else {
+                ++i;
             }
         }
-        if (bestDay == 0) {
-            // No slot at all, whatever moves: the meeting waits, and the search ends when every open one does.
-            open.push_back(m);
-            if (++stuckInARow >= int(open.size()))
-                break;
-            continue;
-        }
-        stuckInARow = 0;
-        for (int o : std::as_const(chosen)) {
-            leftSlot[o] = m_model.slotOf(meetings[o].day, meetings[o].period);
-            leftAt[o] = iteration;
-            m_model.unplace(o);
-            open.push_back(o);
-            currentOpen += rowsOf(o);
-            if (meetings[o].originalDay > 0)
-                storedOpen += rowsOf(o);
-        }
-        m_model.place(m, bestDay, bestPeriod);
-        placedAt[m] = iteration;
-        currentOpen -= rowsOf(m);
-        if (meetings[m].originalDay > 0)
-            storedOpen -= rowsOf(m);
-        if (currentOpen < bestOpen && storedOpen == 0) {
-            bestOpen = currentOpen;
-            lastBetter = iteration;
-            for (int i = 0; i < meetingCount; ++i)
-                best[i] = {meetings[i].day, meetings[i].period};
-        }
+        if (outcome.cancelled || outcome.timedOut || (!progress && round >= lengths.size() - 1)
+            || outcome.iterations >= settings.iterationLimit)
+            break;
     }
-
-    outcome.iterations = iteration;
-    // The best state stands; one no better than the start leaves everything where it was.
-    restore(bestOpen < outcome.openBefore ? best : start);
     undoNeedlessMoves();
     outcome.openAfter = openRows();
     for (const CompletionModel::Meeting &meeting : std::as_const(meetings)) {

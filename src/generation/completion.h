@@ -3,6 +3,8 @@
 
 #include <functional>
 
+class SplitMix;
+
 // The search that completes a timetable: it places every open meeting, moving meetings the generator placed
 // (never those placed by hand or the uniform periods) out of the way and placing them again elsewhere, each
 // placement under the generator's rules. An ejection chain with a tabu memory: an open meeting takes the
@@ -17,7 +19,6 @@ public:
         std::function<bool()> cancelRequested;
         double timeLimitSeconds = 10;
         qint64 iterationLimit = 2000000;
-        qint64 stallLimit = 300000; // steps without a better state before the search gives up
     };
     struct Outcome
     {
@@ -40,13 +41,15 @@ public:
     bool occupants(int meeting, int day, int period, QList<int> *found) const;
 
 private:
+    bool chain(int start, int maxSteps, SplitMix &random);
     // When only the spreading or a free-period type stands in the way, the meetings that cause it may move
     // too: the lesson's other periods that day, then one meeting of the teacher in the counted periods.
     bool widen(int meeting, int day, int period, QList<int> *evicted) const;
     int openRows() const;
     int rowsOf(int meeting) const { return int(m_model.meetings()[meeting].rows.size()); }
-    void restore(const std::vector<QPair<int, int>> &saved);
     void undoNeedlessMoves();
+    // Two meetings of the same allotments with the same Manual values: either may stand in the other's slot.
+    bool sameRows(int a, int b) const;
 
     CompletionModel &m_model;
 };

@@ -38,7 +38,6 @@ Completion::Settings quick()
 {
     Completion::Settings settings;
     settings.timeLimitSeconds = 5;
-    settings.stallLimit = 20000;
     return settings;
 }
 
