@@ -140,7 +140,7 @@ CompletionReport CompleteTimetable(const QSqlDatabase &db, CompletionStage stage
     writeBalances(db, loaded.snapshot, rows);
     transaction.commit();
     if (report.outcome.openAfter > 0)
-        report.reasons = Feasibility::OpenPeriodReasons(model);
+        report.reasons = Feasibility::OpenPeriodReasons(model, stage == CompletionStage::PhaseOne);
     return report;
 }
 

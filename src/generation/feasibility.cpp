@@ -9,7 +9,7 @@ namespace {
 class Bounds
 {
 public:
-    explicit Bounds(const CompletionModel &model) : m(model), s(model.snapshot()), cal(model.calendar())
+    Bounds(const CompletionModel &model, bool phaseOne) : m(model), s(model.snapshot()), cal(model.calendar()), phaseOne(phaseOne)
     {
         for (int l = 0; l < m.lessons().size(); ++l)
             groups[m.lessons()[l].group].append(l);
@@ -102,7 +102,7 @@ private:
 
     bool ruleAllows(const CompletionModel::Lesson &l, int day, int period) const
     {
-        if (day > l.days || period > m.periodsOn(day) || (l.noMask & (1u << period)))
+        if (day > l.days || period > m.periodsOn(day) || (phaseOne && (l.noMask & (1u << period))))
             return false;
         const PlacementRules::Range range = PlacementRules::FreeTypeRange(cal, l.freeType, period, m.periodsOn(day));
         return PlacementRules::FreeTypeAllows(l.freeType, range.to - range.from + 1);
@@ -187,8 +187,9 @@ private:
         if (!any || need == 0)
             return {};
         quint32 noMask = 0;
-        for (int p : s.teacherNoPeriods.value(m.teacherCode(teacher)))
-            noMask |= 1u << qBound(0, p, 31);
+        if (phaseOne)
+            for (int p : s.teacherNoPeriods.value(m.teacherCode(teacher)))
+                noMask |= 1u << qBound(0, p, 31);
         int have = 0;
         for (int i = 0; i < qMin(days, weekDays()); ++i)
             have += teacherDay(*any, weekDay(cal, i), noMask);
@@ -203,7 +204,7 @@ private:
     bool memberCanTake(int lesson, int day, int period) const
     {
         const CompletionModel::Lesson &l = m.lessons()[lesson];
-        if (day > l.days || period > m.periodsOn(day) || (l.noMask & (1u << period)))
+        if (day > l.days || period > m.periodsOn(day) || (phaseOne && (l.noMask & (1u << period))))
             return false;
         if (l.freeType < 1 || l.freeType > 3)
             return false;
@@ -248,14 +249,17 @@ private:
         if (members.size() > 1)
             return QStringLiteral("Combined Group Of %1 In Class %2 Needs %3 Periods But Its Members Can All Take Only %4")
                 .arg(subjectName(lesson), className(l.klass)).arg(l.periods).arg(capacity);
-        return QStringLiteral("%1 Of Class %2 Needs %3 Periods But Can Take Only %4 Under The Rules Of The Week")
-            .arg(subjectName(lesson), className(l.klass)).arg(l.periods).arg(capacity);
+        return QStringLiteral("%1 Of Class %2 Needs %3 Periods But Only %4 Of The Week %5 Open To It")
+            .arg(subjectName(lesson), className(l.klass)).arg(l.periods)
+            .arg(capacity == 1 ? QStringLiteral("1 Period") : QStringLiteral("%1 Periods").arg(capacity))
+            .arg(capacity == 1 ? QStringLiteral("Is") : QStringLiteral("Are"));
     }
 
     const CompletionModel &m;
     const SchoolSnapshot &s;
     const SchoolCalendar &cal;
     QHash<int, QList<int>> groups;
+    bool phaseOne; // the rows to place are Phase I rows, held to the "No" settings
 };
 
 QStringList unique(const QStringList &texts)
@@ -269,14 +273,14 @@ QStringList unique(const QStringList &texts)
 
 }
 
-QStringList ReasonsFor(const CompletionModel &model, int lesson)
+QStringList ReasonsFor(const CompletionModel &model, int lesson, bool phaseOne)
 {
-    return Bounds(model).reasons(lesson);
+    return Bounds(model, phaseOne).reasons(lesson);
 }
 
-QStringList OpenPeriodReasons(const CompletionModel &model)
+QStringList OpenPeriodReasons(const CompletionModel &model, bool phaseOne)
 {
-    Bounds bounds(model);
+    Bounds bounds(model, phaseOne);
     QStringList texts = bounds.slotBounds();
     QSet<int> done;
     for (const CompletionModel::Meeting &meeting : model.meetings()) {
@@ -295,7 +299,7 @@ QStringList OpenPeriodReasons(const CompletionModel &model)
 
 QStringList Impossibilities(const CompletionModel &model)
 {
-    Bounds bounds(model);
+    Bounds bounds(model, true);
     QStringList texts = bounds.slotBounds();
     for (int l = 0; l < model.lessons().size(); ++l)
         texts << bounds.reasons(l);

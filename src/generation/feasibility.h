@@ -9,10 +9,11 @@
 // Each text is true whatever the search does; where no count proves it, nothing is said.
 namespace Feasibility {
 
-// The proofs that concern one allotment.
-QStringList ReasonsFor(const CompletionModel &model, int lesson);
+// The proofs that concern one allotment; `phaseOne` when its periods would be Phase I rows, which keep the
+// "No" settings.
+QStringList ReasonsFor(const CompletionModel &model, int lesson, bool phaseOne);
 // The proofs for the allotments that still have periods open, each said once.
-QStringList OpenPeriodReasons(const CompletionModel &model);
+QStringList OpenPeriodReasons(const CompletionModel &model, bool phaseOne);
 // The proofs for every allotment of the school, each said once: the check before any generation runs.
 QStringList Impossibilities(const CompletionModel &model);
 

@@ -1,4 +1,5 @@
 #include "frmautogenerationphasei.h"
+#include "completionrun.h"
 #include "generationengine.h"
 #include "generationscreens.h"
 #include "messageservice.h"
@@ -104,9 +105,11 @@ void frmAutoGenerationPhaseI::buildLayout()
     m_cmdProcess = button(m_frame4, "cmdProcess", QStringLiteral("&Process"));
     m_cmdExit = button(m_frame4, "cmdExit", QStringLiteral("E&xit"));
     m_cmdShow = button(m_frame4, "cmdShow", QStringLiteral("S&how"));
+    m_cmdCheckBeforeGeneration = button(m_frame4, "cmdCheckBeforeGeneration", QStringLiteral("Chec&k Before Generation"));
+    m_cmdCheckBeforeGeneration->setToolTip(QStringLiteral("Lists What Makes A Complete TimeTable Impossible"));
     auto *entry = new QHBoxLayout(m_frame4);
     entry->setContentsMargins(0, 0, 0, 0);
-    for (QPushButton *b : {m_cmdNew, m_cmdEdit, m_cmdSave, m_cmdCancel, m_cmdDelete, m_cmdProcess, m_cmdShow, m_cmdExit})
+    for (QPushButton *b : {m_cmdNew, m_cmdEdit, m_cmdSave, m_cmdCancel, m_cmdDelete, m_cmdProcess, m_cmdShow, m_cmdCheckBeforeGeneration, m_cmdExit})
         entry->addWidget(b);
 
     auto *layout = new QVBoxLayout(this);
@@ -203,6 +206,8 @@ QWidget *frmAutoGenerationPhaseI::buildRun()
     m_cmdTimeTablePercentage = button(box, "cmdTimeTablePercentage", QStringLiteral("&TimeTable Generated in %age"));
     m_cmdClasswiseWorkingDays = button(box, "cmdClasswiseWorkingDays", QStringLiteral("Classwise-Working Days"));
     m_cmdCancelRun = button(box, "cmdCancelRun", QStringLiteral("Ca&ncel Run"));
+    m_cmdCompletePeriods = button(box, "cmdCompletePeriods", QStringLiteral("Complete By &Moving Periods"));
+    m_cmdCompletePeriods->setToolTip(QStringLiteral("Places The Periods Not Filled By Moving Periods Placed By The Generation"));
     m_prgDisplay = new QProgressBar(box);
     m_prgDisplay->setObjectName(QStringLiteral("prgDisplay"));
     m_prgDisplay->setTextVisible(false);
@@ -222,7 +227,8 @@ QWidget *frmAutoGenerationPhaseI::buildRun()
     layout->addWidget(new QLabel(QStringLiteral("Total Achieved :"), box), 1, 0);
     layout->addWidget(m_lblAchieved, 1, 1, 1, 2);
     auto *buttons = new QHBoxLayout;
-    for (QPushButton *b : {m_cmdPendingPeriods, m_cmdTimeTablePercentage, m_cmdClasswiseWorkingDays, m_cmdFixBalancePeriods})
+    for (QPushButton *b : {m_cmdPendingPeriods, m_cmdTimeTablePercentage, m_cmdClasswiseWorkingDays, m_cmdFixBalancePeriods,
+                           m_cmdCompletePeriods})
         buttons->addWidget(b);
     buttons->addStretch();
     layout->addLayout(buttons, 2, 0, 1, 4);
@@ -248,6 +254,12 @@ void frmAutoGenerationPhaseI::connectControls()
             m_ctx.host->openScreen(QStringLiteral("frmClasswiseWorkingDaysSetup"));
     });
     // The Phase I screen carries the Fix Balance Periods button of Phase II without its work.
+    connect(m_cmdCompletePeriods, &QPushButton::clicked, this, [this] {
+        CompletionRun::Run(m_ctx, *m_run, CompletionStage::PhaseOne);
+        fillWorkList();
+        comeForward();
+    });
+    connect(m_cmdCheckBeforeGeneration, &QPushButton::clicked, this, [this] { CompletionRun::ShowImpossibilities(m_ctx); });
 
     connect(m_cboUniformPeriod, &QComboBox::activated, this, &frmAutoGenerationPhaseI::uniformAnswered);
     connect(m_teachers, &SettingsGrid::nameCellClicked, m_teachers, &SettingsGrid::placeCombo);

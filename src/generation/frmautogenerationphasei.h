@@ -121,6 +121,8 @@ private:
     QPushButton *m_cmdTimeTablePercentage = nullptr;
     QPushButton *m_cmdClasswiseWorkingDays = nullptr;
     QPushButton *m_cmdCancelRun = nullptr;
+    QPushButton *m_cmdCompletePeriods = nullptr;
+    QPushButton *m_cmdCheckBeforeGeneration = nullptr;
     QProgressBar *m_prgDisplay = nullptr;
     QLabel *m_lblProgress = nullptr;
     QLabel *m_lblAchieved = nullptr;

@@ -1,4 +1,5 @@
 #include "frmautogenerationphaseii.h"
+#include "completionrun.h"
 #include "generationscreens.h"
 #include "messageservice.h"
 #include "random.h"
@@ -34,6 +35,10 @@ frmAutoGenerationPhaseII::frmAutoGenerationPhaseII(AppContext &ctx, QWidget *par
     connect(m_cmdFixBalancePeriods, &QPushButton::clicked, this, &frmAutoGenerationPhaseII::fixBalancePeriods);
     connect(m_cmdBalancePeriods, &QPushButton::clicked, this, &frmAutoGenerationPhaseII::balancePeriods);
     connect(m_cmdTotalAchieved, &QPushButton::clicked, this, &frmAutoGenerationPhaseII::totalAchieved);
+    connect(m_cmdCompletePeriods, &QPushButton::clicked, this, [this] {
+        CompletionRun::Run(m_ctx, *m_run, CompletionStage::PhaseTwo);
+        comeForward();
+    });
     connect(m_cmdExit, &QPushButton::clicked, this, &frmAutoGenerationPhaseII::exitScreen);
     open();
     comeForward();
@@ -52,6 +57,8 @@ void frmAutoGenerationPhaseII::buildLayout()
     m_cmdBalancePeriods = button("cmdBalancePeriods", QStringLiteral("&Balance Periods"));
     m_cmdBalancePeriods->setToolTip(QStringLiteral("Periods Yet To Be Allotted In Phase II"));
     m_cmdTotalAchieved = button("cmdTotalAchieved", QStringLiteral("&Total Achieved"));
+    m_cmdCompletePeriods = button("cmdCompletePeriods", QStringLiteral("Complete By &Moving Periods"));
+    m_cmdCompletePeriods->setToolTip(QStringLiteral("Places The Periods Not Filled By Moving Periods Placed By The Generation"));
     m_cmdCancelRun = button("cmdCancelRun", QStringLiteral("Ca&ncel Run"));
     m_cmdExit = button("cmdExit", QStringLiteral("E&xit"));
 
@@ -79,7 +86,7 @@ void frmAutoGenerationPhaseII::buildLayout()
     grid->setColumnStretch(1, 1);
 
     auto *actions = new QHBoxLayout;
-    for (QPushButton *push : {m_cmdProcess, m_cmdFixBalancePeriods, m_cmdBalancePeriods, m_cmdTotalAchieved})
+    for (QPushButton *push : {m_cmdProcess, m_cmdFixBalancePeriods, m_cmdBalancePeriods, m_cmdTotalAchieved, m_cmdCompletePeriods})
         actions->addWidget(push);
     actions->addStretch();
     actions->addWidget(m_cmdExit);

@@ -48,6 +48,7 @@ private:
     QPushButton *m_cmdFixBalancePeriods = nullptr;
     QPushButton *m_cmdBalancePeriods = nullptr;
     QPushButton *m_cmdTotalAchieved = nullptr;
+    QPushButton *m_cmdCompletePeriods = nullptr;
     QPushButton *m_cmdCancelRun = nullptr;
     QPushButton *m_cmdExit = nullptr;
     QProgressBar *m_prgDisplay = nullptr;

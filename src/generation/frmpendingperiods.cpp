@@ -1,4 +1,6 @@
 #include "frmpendingperiods.h"
+#include "completionrun.h"
+#include "runprogress.h"
 #include "excelexport.h"
 #include "generationscreens.h"
 #include "launcher.h"
@@ -17,6 +19,7 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
@@ -35,6 +38,11 @@ frmPendingPeriods::frmPendingPeriods(AppContext &ctx, QWidget *parent) : QWidget
     buildLayout();
     connect(m_msgDetails, &QTableWidget::itemSelectionChanged, this, &frmPendingPeriods::showReason);
     connect(m_cmdExport, &QPushButton::clicked, this, &frmPendingPeriods::exportSheet);
+    connect(m_cmdCompletePeriods, &QPushButton::clicked, this, &frmPendingPeriods::completePeriods);
+    // The completion's run: the bar, its figure and Cancel show only while it works.
+    auto *achieved = new QLabel(this);
+    achieved->hide();
+    m_run = new RunProgress(this, m_prgDisplay, m_lblProgress, achieved, m_cmdCancelRun);
     connect(m_cmdExit, &QPushButton::clicked, this, &frmPendingPeriods::exitScreen);
     refresh();
     Screen::applyConventions(this, ctx, 0);
@@ -90,8 +98,23 @@ void frmPendingPeriods::buildLayout()
     m_cmdExport->setToolTip(QStringLiteral("Export To EXCEL"));
     m_cmdExit = new QPushButton(QStringLiteral("E&xit"), this);
     m_cmdExit->setObjectName(QStringLiteral("cmdExit"));
+    m_cmdCompletePeriods = new QPushButton(QStringLiteral("Complete By &Moving Periods"), this);
+    m_cmdCompletePeriods->setObjectName(QStringLiteral("cmdCompletePeriods"));
+    m_cmdCompletePeriods->setToolTip(QStringLiteral("Places The Periods Not Filled By Moving Periods Placed By The Generation"));
+    m_cmdCancelRun = new QPushButton(QStringLiteral("Ca&ncel Run"), this);
+    m_cmdCancelRun->setObjectName(QStringLiteral("cmdCancelRun"));
+    m_prgDisplay = new QProgressBar(this);
+    m_prgDisplay->setObjectName(QStringLiteral("prgDisplay"));
+    m_prgDisplay->setTextVisible(false);
+    m_prgDisplay->setValue(0);
+    m_lblProgress = new QLabel(this);
+    m_lblProgress->setObjectName(QStringLiteral("lblProgress"));
+    m_lblProgress->setMinimumWidth(40);
     auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
+    buttons->addWidget(m_cmdCompletePeriods);
+    buttons->addWidget(m_prgDisplay, 1);
+    buttons->addWidget(m_lblProgress);
+    buttons->addWidget(m_cmdCancelRun);
     buttons->addWidget(m_cmdExport);
     buttons->addWidget(m_cmdExit);
 
@@ -101,6 +124,14 @@ void frmPendingPeriods::buildLayout()
     layout->addWidget(m_txtReason);
     layout->addLayout(totals);
     layout->addLayout(buttons);
+}
+
+// Completes the balance this window lists, then lists it again.
+void frmPendingPeriods::completePeriods()
+{
+    CompletionRun::Run(m_ctx, *m_run,
+                       m_view == PendingView::PhaseOne ? CompletionStage::PhaseOne : CompletionStage::PhaseTwo);
+    refresh();
 }
 
 bool frmPendingPeriods::event(QEvent *event)
@@ -120,6 +151,8 @@ void frmPendingPeriods::showEvent(QShowEvent *event)
 
 void frmPendingPeriods::refresh()
 {
+    if (m_run && m_run->running())
+        return;
     m_view = CurrentPendingView();
     try {
         GenerationEngine engine(m_ctx.db(), ProgramRandom());

@@ -6,6 +6,8 @@
 #include <memory>
 
 class PendingReasons;
+class QProgressBar;
+class RunProgress;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
@@ -33,6 +35,7 @@ private:
     void fillGrid(const PendingList &list);
     void showReason();
     void exportSheet();
+    void completePeriods();
     void exitScreen();
 
     AppContext &m_ctx;
@@ -49,5 +52,10 @@ private:
     QLabel *m_lblFilledPeriods = nullptr;
     QLabel *m_lblNotFilledPeriods = nullptr;
     QPushButton *m_cmdExport = nullptr;
+    QPushButton *m_cmdCompletePeriods = nullptr;
+    QPushButton *m_cmdCancelRun = nullptr;
+    QProgressBar *m_prgDisplay = nullptr;
+    QLabel *m_lblProgress = nullptr;
+    RunProgress *m_run = nullptr;
     QPushButton *m_cmdExit = nullptr;
 };

@@ -1,4 +1,5 @@
 #include "pendingreasons.h"
+#include "feasibility.h"
 
 namespace {
 
@@ -68,7 +69,15 @@ QStringList PendingReason::lines() const
         text << QStringLiteral("'Fix Balance Periods' Can Place It In The Periods Free For Both");
     if (combined)
         text << QStringLiteral("In Phase I It Moves With Its Combined Group: Every Member Must Be Free In The Same Period");
+    text << proofs;
     return text;
+}
+
+const CompletionModel &PendingReasons::model()
+{
+    if (!m_model)
+        m_model = std::make_unique<CompletionModel>(m_s, m_s.timetable, QList<qint64>());
+    return *m_model;
 }
 
 PendingReasons::PendingReasons(const QSqlDatabase &db)
@@ -118,6 +127,7 @@ PendingReason PendingReasons::explain(const PendingRow &row, PendingView view)
     if (reason.open == 0)
         return reason;
     reason.freeType = m_s.freeTypeOf(row.teacher);
+    reason.proofs = Feasibility::ReasonsFor(model(), model().lessonOf(key), view == PendingView::PhaseOne);
     reason.combined = !reason.phaseTwo && (allotment->cp > 0 || allotment->cc > 0 || allotment->ct > 0);
     bool daily, twice;
     m_placer.flags(countBeforePhase(key, view), &daily, &twice);

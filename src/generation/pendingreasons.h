@@ -1,4 +1,5 @@
 #pragma once
+#include "completionmodel.h"
 #include "generationengine.h"
 #include "placer.h"
 #include "random.h"
@@ -8,6 +9,7 @@
 #include <QMap>
 #include <QSqlDatabase>
 #include <QStringList>
+#include <memory>
 
 // The placement rules that can refuse a period where the class division and the teacher are both free, in
 // the order a refused period is charged to them.
@@ -35,6 +37,7 @@ struct PendingReason
     int fixable = 0;      // common free periods on the class's working days (Fix Balance Periods takes these)
     int freeType = 0;
     bool combined = false; // a combined group's member, placed with the whole group in Phase I
+    QStringList proofs;    // counts that show no timetable can hold all its periods
 
     // The reason in the program's words, one statement a line.
     QStringList lines() const;
@@ -58,10 +61,12 @@ private:
     void countSlot(const PendingRow &row, const Allotment &allotment, PendingView view, int day, int period,
                    bool daily, bool twice, PendingReason *reason) const;
     int countBeforePhase(quint64 key, PendingView view) const;
+    const CompletionModel &model();
 
     SchoolSnapshot m_s;
     TimetableState m_tt;
     ListRandom m_random{{0.0}}; // the rules draw nothing; the placer needs a source
     RunControl m_control;
     Placer m_placer{m_s, m_tt, m_random, m_control};
+    std::unique_ptr<CompletionModel> m_model; // made on the first explanation that needs it
 };

@@ -274,6 +274,19 @@ private slots:
         QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("57.1")); // 4 of 7
     }
 
+    void checkBeforeGenerationAndCompletionNeedPhaseOne()
+    {
+        m_messages.expectInformation(QStringLiteral("No Count Shows That The TimeTable Cannot Be Completed"));
+        click("cmdCheckBeforeGeneration");
+        allot(*m_store, 2, 1, 1, 2, 20);
+        allot(*m_store, 3, 1, 1, 3, 10);
+        m_messages.expectInformation(QStringLiteral("The TimeTable Cannot Be Completed For These Reasons :\n"
+                                                    "Class I A Needs 30 Periods But Has Only 28 Periods On Its Working Days"));
+        click("cmdCheckBeforeGeneration");
+        m_messages.expectInformation(QStringLiteral("Without Performing Auto Generation Phase I Periods Cannot Be Completed"));
+        click("cmdCompletePeriods");
+    }
+
     void cancelStopsARunAndGivesTheScreenBack()
     {
         auto *cancel = button("cmdCancelRun");
