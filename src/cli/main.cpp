@@ -156,8 +156,8 @@ int generation(const QString &command, const QSqlDatabase &db, const Options &op
 {
     LcgRandom random; // one generator for the whole run, every step drawing in turn
     GenerationEngine engine(db, random);
-    // Nothing but the engine writes through this connection, so a step need not read back what the one
-    // before it wrote; another copy of the program writing to the store in between is still noticed.
+    // A step need not read back what the step before it wrote; rows that anything else changes in between (the
+    // completion, another copy of the program) still make it read the store again.
     engine.keepStateBetweenSteps(true);
     engine.load();
     if (!engine.snapshot().calendar.schoolSetUp) {
@@ -226,7 +226,7 @@ int main(int argc, char *argv[])
         "Zarlo-TimeTable headless tool.\n\nCommands:\n"
         "  init      create the store files when missing\n"
         "  status    print the school's calendar and row counts\n"
-        "  sample    write a sample school into a new store (--size, --seed)\n"
+        "  sample    write a sample school into a new store (--size small|medium|large|tight, --seed)\n"
         "  phase1    Auto Generation Phase I (--uniform yes|no when no settings are saved)\n"
         "  phase2    Auto Generation Phase II\n"
         "  fix       Fix Balance Periods once\n"
@@ -239,9 +239,10 @@ int main(int argc, char *argv[])
     const QCommandLineOption folder({QStringLiteral("f"), QStringLiteral("folder"), QStringLiteral("data")},
                                     QStringLiteral("Folder of TimeTable.mdb (default: current folder)."),
                                     QStringLiteral("folder"), QDir::currentPath());
-    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Sample school: small, medium or large."),
+    const QCommandLineOption size(QStringLiteral("size"),
+                                  QStringLiteral("Sample school: small, medium, large or tight."),
                                   QStringLiteral("size"), QStringLiteral("small"));
-    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Seed of the sample school's names."),
+    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Seed of the sample school."),
                                   QStringLiteral("n"), QStringLiteral("1"));
     const QCommandLineOption uniform(QStringLiteral("uniform"), QStringLiteral("Uniform period required: yes or no."),
                                      QStringLiteral("answer"), QStringLiteral("yes"));

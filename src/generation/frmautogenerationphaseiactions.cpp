@@ -411,17 +411,7 @@ void frmAutoGenerationPhaseI::pendingPeriods()
 
 void frmAutoGenerationPhaseI::fillWorkList()
 {
-    guarded([this] {
-        QSqlQuery q = Sql(m_ctx.db()).run(QStringLiteral("SELECT * FROM AutoGenPhase1 ORDER BY rowid"));
-        m_msgAutoGen1Details->setRowCount(0);
-        m_msgAutoGen1Details->setColumnCount(q.record().count());
-        while (q.next()) {
-            const int r = m_msgAutoGen1Details->rowCount();
-            m_msgAutoGen1Details->insertRow(r);
-            for (int c = 0; c < q.record().count(); ++c)
-                m_msgAutoGen1Details->setItem(r, c, new QTableWidgetItem(q.value(c).toString()));
-        }
-    });
+    guarded([this] { FillWorkListGrid(m_msgAutoGen1Details, m_ctx.db(), QStringLiteral("AutoGenPhase1")); });
 }
 
 void frmAutoGenerationPhaseI::totalAchieved()

@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QVBoxLayout>
 
 namespace {
@@ -61,6 +62,10 @@ void frmAutoGenerationPhaseII::buildLayout()
     m_cmdCompletePeriods->setToolTip(QStringLiteral("Places The Periods Not Filled By Moving Periods Placed By The Generation"));
     m_cmdCancelRun = button("cmdCancelRun", QStringLiteral("Ca&ncel Run"));
     m_cmdExit = button("cmdExit", QStringLiteral("E&xit"));
+
+    m_msgAutoGen2Details = new QTableWidget(this);
+    m_msgAutoGen2Details->setObjectName(QStringLiteral("msgAutoGen2Details"));
+    m_msgAutoGen2Details->hide();
 
     m_prgDisplay = new QProgressBar(this);
     m_prgDisplay->setObjectName(QStringLiteral("prgDisplay"));
@@ -181,6 +186,7 @@ void frmAutoGenerationPhaseII::run(GenerationResult (GenerationEngine::*press)(M
         return;
     }
     m_run->finish();
+    fillWorkList();
     comeForward();
     if (result.nothingToPlace) {
         pressed->setEnabled(false);
@@ -210,7 +216,17 @@ void frmAutoGenerationPhaseII::balancePeriods()
         return;
     }
     QApplication::restoreOverrideCursor();
+    fillWorkList();
     openPending(PendingView::PhaseTwo);
+}
+
+void frmAutoGenerationPhaseII::fillWorkList()
+{
+    try {
+        FillWorkListGrid(m_msgAutoGen2Details, m_ctx.db(), QStringLiteral("AutoGenPhase2"));
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+    }
 }
 
 void frmAutoGenerationPhaseII::totalAchieved()

@@ -7,6 +7,7 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
+class QTableWidget;
 class RunProgress;
 struct AppContext;
 
@@ -49,6 +50,8 @@ private:
     QPushButton *m_cmdBalancePeriods = nullptr;
     QPushButton *m_cmdTotalAchieved = nullptr;
     QPushButton *m_cmdCompletePeriods = nullptr;
+    QTableWidget *m_msgAutoGen2Details = nullptr; // the Phase II list of the last press, kept out of sight
+    void fillWorkList();
     QPushButton *m_cmdCancelRun = nullptr;
     QPushButton *m_cmdExit = nullptr;
     QProgressBar *m_prgDisplay = nullptr;

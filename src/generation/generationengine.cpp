@@ -59,17 +59,20 @@ GenerationEngine::GenerationEngine(const QSqlDatabase &db, RandomSource &random)
 
 void GenerationEngine::load()
 {
-    const qint64 version = m_keepState ? storeVersion() : -1;
-    if (m_keepState && m_stateCurrent && version == m_storeVersion) {
+    if (stateStillCurrent()) {
         m_s.loadRunState(m_db);
         return;
+    }
+    if (m_keepState) {
+        // Taken before the reads, so that a change made while they run shows at the next step.
+        m_storeVersion = storeVersion();
+        m_changeCount = changeCount();
     }
     m_s.load(m_db);
     m_tt.reset(m_s);
     m_underAllotted.reset();
     m_overAllotted.reset();
-    m_storeVersion = version;
-    m_stateCurrent = true;
+    m_stateCurrent = m_keepState;
 }
 
 void GenerationEngine::keepStateBetweenSteps(bool keep)
@@ -78,10 +81,32 @@ void GenerationEngine::keepStateBetweenSteps(bool keep)
     m_stateCurrent = false;
 }
 
-// Changes committed by other connections since this one last read; its own commits leave it as it is.
+// Commits of other connections since this one last read; its own commits leave it as it is.
 qint64 GenerationEngine::storeVersion() const
 {
     return Sql(m_db).scalar(QStringLiteral("PRAGMA data_version")).toLongLong();
+}
+
+// Rows inserted, updated or deleted through this connection since it opened, by whatever code.
+qint64 GenerationEngine::changeCount() const
+{
+    return Sql(m_db).scalar(QStringLiteral("SELECT total_changes()")).toLongLong();
+}
+
+// Memory still holds the store: nothing but the engine's own writes has changed a row since it last knew.
+// Asked at the start of a step, and inside a step's transaction before its writes.
+bool GenerationEngine::stateStillCurrent() const
+{
+    return m_keepState && m_stateCurrent && storeVersion() == m_storeVersion && changeCount() == m_changeCount;
+}
+
+// After the commit of the engine's own writes: they are in memory too, so memory holds the store again when it
+// did before them.
+void GenerationEngine::ownWritesDone(bool stateWasCurrent)
+{
+    m_stateCurrent = stateWasCurrent;
+    if (stateWasCurrent)
+        m_changeCount = changeCount();
 }
 
 double GenerationEngine::totalAchieved() const
@@ -114,13 +139,19 @@ RunControl GenerationEngine::controlFor(const GenerationSettings &settings, int 
 
 void GenerationEngine::openPhaseOne()
 {
-    m_s.calendar.load(m_db);
-    PhaseOneChecks::BuildFreePeriodDetails(m_db, m_s.calendar);
+    SchoolCalendar calendar;
+    calendar.load(m_db);
+    const bool current = stateStillCurrent();
+    PhaseOneChecks::BuildFreePeriodDetails(m_db, calendar);
+    ownWritesDone(current);
     load();
 }
 
 bool GenerationEngine::saveDefaultSettings(const QString &answer, PhaseOneChecks::ValidityGrid *grid)
 {
+    // One transaction for the Save: the class-wise days it puts right stay even when the grid stops it.
+    Transaction transaction(m_db);
+    const bool current = stateStillCurrent();
     PhaseOneChecks::SyncClasswiseWorkingDays(m_db, m_s.calendar);
     load();
     if (answer.trimmed().toUpper() == QLatin1String("YES")) {
@@ -128,26 +159,39 @@ bool GenerationEngine::saveDefaultSettings(const QString &answer, PhaseOneChecks
         const PhaseOneChecks::ValidityGrid built = PhaseOneChecks::BuildValidityGrid(m_db, m_s, index);
         if (grid)
             *grid = built;
-        if (built.cannotProceed)
+        if (built.cannotProceed) {
+            transaction.commit();
+            ownWritesDone(current);
             return false;
+        }
     }
     PhaseOneChecks::SaveWithoutDetails(m_db, answer);
+    transaction.commit();
+    ownWritesDone(current);
     m_s.loadSettings(m_db);
     return true;
 }
 
-void GenerationEngine::refreshPhaseOneBalance()
+// The work list reads both settings tables whether or not anything was set in them: they stand, empty, from
+// the first build on. The caller holds the transaction.
+void GenerationEngine::createSettingsTables()
 {
-    // The placement tests read both settings tables whether or not anything was set in them.
-    Transaction transaction(m_db);
     if (!Store::tableExists(m_db, QStringLiteral("AGP1TeacherDetails")))
         PhaseOneChecks::CreateTeacherDetails(m_db, m_s.calendar);
     if (!Store::tableExists(m_db, QStringLiteral("AGP1SubjectDetails")))
         PhaseOneChecks::CreateSubjectDetails(m_db, m_s.calendar);
+}
+
+void GenerationEngine::refreshPhaseOneBalance()
+{
+    Transaction transaction(m_db);
+    const bool current = stateStillCurrent();
+    createSettingsTables();
     m_s.loadSettings(m_db);
     const AllotmentIndex index(m_s.allotments);
     WriteWorkList(m_db, BuildWorkList(m_s, index, m_tt.rows()));
     transaction.commit();
+    ownWritesDone(current);
 }
 
 // The tally and excess checks read the allotments and the masters only, which no step writes: they are asked
@@ -202,7 +246,8 @@ GenerationResult GenerationEngine::processPhaseOne(MessageService &messages, con
         messages.information(PhaseOneChecks::UniformConditionMessage(failures));
         return result;
     }
-    refreshPhaseOneBalance();
+    // The list that the run works from is the balance before it; it reaches AutoGenPhase1 only as the balance
+    // after the run, written in the one transaction of the press.
     const AllotmentIndex index(m_s.allotments);
     const WorkList list = BuildWorkList(m_s, index, m_tt.rows());
     RunControl control = controlFor(settings, list.balance());
@@ -215,15 +260,17 @@ GenerationResult GenerationEngine::processPhaseOne(MessageService &messages, con
         placer.insertGroupPeriods(list, group);
 
     const WorkList balance = BuildWorkList(m_s, index, m_tt.rows());
-    m_stateCurrent = false; // until the commit: a failed write leaves m_tt ahead of the store
     Transaction transaction(m_db);
+    const bool current = stateStillCurrent();
+    m_stateCurrent = false; // until the commit: a failed write leaves m_tt ahead of the store
+    createSettingsTables();
     m_tt.write(m_db);
     Sql(m_db).run(QStringLiteral("UPDATE TTCode SET PIStatus = 'Y'"));
     WriteWorkList(m_db, balance);
     transaction.commit();
     m_s.piStatus = QStringLiteral("Y");
     m_s.timetable = m_tt.rows();
-    m_stateCurrent = true;
+    ownWritesDone(current);
 
     result = finish(result, control, before);
     result.openPeriods = balance.balance();
@@ -241,7 +288,9 @@ GenerationResult GenerationEngine::processPhaseOne(MessageService &messages, con
 
 void GenerationEngine::openPhaseTwo()
 {
+    Transaction transaction(m_db); // what the opening writes goes in at one commit
     load();
+    const bool current = stateStillCurrent();
     if (!m_s.settingsSaved) {
         PhaseOneChecks::SyncClasswiseWorkingDays(m_db, m_s.calendar, false);
         PhaseOneChecks::SaveWithoutDetails(m_db, QStringLiteral("NO"));
@@ -249,6 +298,8 @@ void GenerationEngine::openPhaseTwo()
     }
     refreshPhaseOneBalance();
     PhaseOneChecks::BuildTeacherFreePeriods(m_db, m_s.calendar);
+    transaction.commit();
+    ownWritesDone(current);
     m_s.loadFreeTypes(m_db);
 }
 
@@ -259,17 +310,16 @@ bool GenerationEngine::phaseTwoProcessAllowed() const
 
 void GenerationEngine::writePhaseTwoStep(const QList<WorkRow> &list, bool writeTimetable)
 {
-    if (writeTimetable)
-        m_stateCurrent = false; // until the commit: a failed write leaves m_tt ahead of the store
     Transaction transaction(m_db);
+    const bool current = stateStillCurrent();
+    m_stateCurrent = false; // until the commit: a failed write leaves m_tt ahead of the store
     if (writeTimetable)
         m_tt.write(m_db);
     WritePhaseTwoList(m_db, list);
     transaction.commit();
-    if (writeTimetable) {
+    if (writeTimetable)
         m_s.timetable = m_tt.rows();
-        m_stateCurrent = true;
-    }
+    ownWritesDone(current);
 }
 
 namespace {
@@ -368,12 +418,7 @@ GenerationResult GenerationEngine::fixBalancePeriods(MessageService &messages, c
             break;
         // The class's Phase II rows are thrown away and its rows compete again, largest first.
         m_tt.removePhaseTwoRows(classCode, division);
-        list = BuildPhaseTwoList(m_s, m_tt);
-        QList<WorkRow> rows;
-        for (const WorkRow &row : std::as_const(list))
-            if (row.classCode == classCode && row.division == division)
-                rows.append(row);
-        rows = openRowsLargestFirst(rows, false);
+        const QList<WorkRow> rows = openRowsLargestFirst(BuildPhaseTwoRowsOf(m_s, m_tt, classCode, division), false);
         control.value = 0;
         control.maximum = qMax(1, sumOpen(rows));
         for (const WorkRow &row : std::as_const(rows))
@@ -406,16 +451,19 @@ void GenerationEngine::refreshPhaseTwoBalance()
 
 PendingList GenerationEngine::pending(PendingView view)
 {
+    // Nulls count as 0 in the open column; a row whose sum is null or 0 is not pending. Ties keep table order.
     const bool one = view == PendingView::PhaseOne;
-    const QString open = one ? QStringLiteral("IFNULL(a.P1Insert, 0) + IFNULL(a.P2Insert, 0)") : QStringLiteral("IFNULL(a.P2Insert, 0)");
     const Sql sql(m_db);
-    QSqlQuery q = sql.run(QStringLiteral("SELECT %1, b.ClassName, c.DivisionName, d.TeacherName, e.SubjectName, a.ClassCode, "
-                                         "a.DivisionCode, a.TeacherCode, a.SubjectCode FROM %2 a, "
-                                         "ClassDivisionMaster b, ClassDivisionDetails c, TeacherMaster d, SubjectMaster e "
-                                         "WHERE a.ClassCode = b.ClassCode AND a.DivisionCode = c.DivisionCode AND "
-                                         "a.TeacherCode = d.TeacherCode AND a.SubjectCode = e.SubjectCode AND %1 > 0 "
-                                         "AND a.ClassCode = c.ClassCode ORDER BY b.ClassCode, a.rowid")
-                              .arg(open, one ? QStringLiteral("AutoGenPhase1") : QStringLiteral("AutoGenPhase2")));
+    const QString statement = QStringLiteral("Select %1,ClassName,DivisionName,TeacherName,SubjectName,a.ClassCode,"
+                                             "a.DivisionCode,a.TeacherCode,a.SubjectCode from %2 a")
+        + QStringLiteral(",ClassDivisionMaster b,ClassDivisionDetails c,TeacherMaster d,SubjectMaster e")
+        + QStringLiteral(" where a.ClassCode=b.ClassCode and a.DivisionCode=c.DivisionCode and ")
+        + (one ? QStringLiteral("a.TeacherCode=d.TeacherCode and a.SubjectCode=e.SubjectCode and a.P1Insert+a.P2Insert>0 ")
+               : QStringLiteral("a.TeacherCode=d.TeacherCode and a.SubjectCode=e.SubjectCode and a.P2Insert>0 "))
+        + QStringLiteral(" and a.ClassCode=c.ClassCode order by b.ClassCode, a.rowid");
+    QSqlQuery q = sql.run(statement.arg(one ? QStringLiteral("IFNULL(a.P1Insert, 0) + IFNULL(a.P2Insert, 0)")
+                                            : QStringLiteral("IFNULL(a.P2Insert, 0)"),
+                                        one ? QStringLiteral("AutoGenPhase1") : QStringLiteral("AutoGenPhase2")));
     PendingList list;
     while (q.next()) {
         list.rows.append({q.value(1).toString(), q.value(2).toString(), q.value(3).toString(), q.value(4).toString(),

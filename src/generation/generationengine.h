@@ -99,9 +99,9 @@ public:
     // Phase II balance periods: the Phase II list rebuilt from the store and written, for the pending window.
     void refreshPhaseTwoBalance();
 
-    // For a caller through whose connection nothing else writes between the steps (ttcli): a step then goes on
-    // from the school and the TimeTable that the step before left in memory, and reads again only the tables
-    // that the steps rewrite themselves, unless another connection has committed to the store in between.
+    // A step then goes on from the school and the TimeTable that the step before left in memory, and reads
+    // again only the small tables that the steps rewrite themselves; a row changed in between by anything but
+    // the engine, through this connection or another, makes it read everything. Off unless asked (ttcli).
     void keepStateBetweenSteps(bool keep);
 
     PendingList pending(PendingView view);
@@ -111,9 +111,13 @@ public:
 private:
     RunControl controlFor(const GenerationSettings &settings, int maximum);
     bool tallyAndExcessAllow(MessageService &messages, const QString &tallyText, GenerationResult *result);
+    void createSettingsTables();
     void writePhaseTwoStep(const QList<WorkRow> &list, bool writeTimetable);
     GenerationResult finish(GenerationResult result, const RunControl &control, int placedBefore);
     qint64 storeVersion() const;
+    qint64 changeCount() const;
+    bool stateStillCurrent() const;
+    void ownWritesDone(bool stateWasCurrent);
     bool allotmentCheck(std::optional<bool> &answer, bool (*check)(const QSqlDatabase &, const SchoolCalendar &));
 
     QSqlDatabase m_db;
@@ -121,7 +125,8 @@ private:
     SchoolSnapshot m_s;
     TimetableState m_tt;
     bool m_keepState = false;
-    bool m_stateCurrent = false; // m_s and m_tt hold what load() would read (see keepStateBetweenSteps)
+    bool m_stateCurrent = false; // m_s and m_tt held what load() would read (see keepStateBetweenSteps)
     qint64 m_storeVersion = -1;  // PRAGMA data_version at the last full load
+    qint64 m_changeCount = -1;   // total_changes() when memory last matched the store
     std::optional<bool> m_underAllotted, m_overAllotted; // the tally and excess checks since the last full load
 };

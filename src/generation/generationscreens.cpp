@@ -4,9 +4,13 @@
 #include "frmpendingperiods.h"
 #include "screenregistry.h"
 #include "session.h"
+#include "sql.h"
 
 #include <QApplication>
 #include <QPushButton>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTableWidget>
 
 namespace {
 // The view name the pending window reads when it comes forward.
@@ -38,6 +42,20 @@ QWidget *OpenPendingWindow(AppContext &ctx, PendingView view)
         }
     }
     return nullptr;
+}
+
+void FillWorkListGrid(QTableWidget *grid, const QSqlDatabase &db, const QString &table)
+{
+    QSqlQuery q = Sql(db).run(QStringLiteral("SELECT * FROM %1 ORDER BY rowid").arg(table));
+    const int columns = q.record().count();
+    grid->setRowCount(0);
+    grid->setColumnCount(columns);
+    while (q.next()) {
+        const int r = grid->rowCount();
+        grid->insertRow(r);
+        for (int c = 0; c < columns; ++c)
+            grid->setItem(r, c, new QTableWidgetItem(q.value(c).toString()));
+    }
 }
 
 void ClosePendingWindow(QPointer<QWidget> &window)

@@ -1,5 +1,6 @@
 #include "phaseonechecks.h"
 #include "sql.h"
+#include "storedrows.h"
 #include "store.h"
 #include "transaction.h"
 
@@ -27,7 +28,6 @@ void BuildFreePeriodDetails(const QSqlDatabase &db, const SchoolCalendar &calend
 {
     const Sql sql(db);
     Transaction transaction(db);
-    sql.run(QStringLiteral("DELETE FROM FreePeriodDetails"));
     QList<QVariantList> rows;
     QSqlQuery teachers = sql.run(QStringLiteral("SELECT TeacherCode, NoOfPeriods FROM TeacherMaster ORDER BY rowid"));
     while (teachers.next()) {
@@ -35,11 +35,11 @@ void BuildFreePeriodDetails(const QSqlDatabase &db, const SchoolCalendar &calend
         const int perDay = calendar.noOfWorkingDays > 0
             ? int(std::floor(double(weekFree) / calendar.noOfWorkingDays)) : 0;
         const int half = int(std::floor(perDay / 2.0));
-        rows.append({teachers.value(0), FreeTypeFor(calendar, teachers.value(1)), weekFree, half, half, perDay});
+        rows.append({teachers.value(0), FreeTypeFor(calendar, teachers.value(1)), weekFree, half, half, perDay,
+                     QStringLiteral("")});
     }
     teachers = QSqlQuery();
-    for (const QVariantList &row : std::as_const(rows))
-        sql.run(QStringLiteral("INSERT INTO FreePeriodDetails VALUES (?, ?, ?, ?, ?, ?, '')"), row);
+    ReplaceTableRows(db, QStringLiteral("FreePeriodDetails"), rows);
     transaction.commit();
 }
 

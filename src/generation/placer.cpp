@@ -1,4 +1,5 @@
 #include "placer.h"
+#include "placementrules.h"
 
 #include <algorithm>
 
@@ -21,23 +22,10 @@ void Placer::periodsOfDay(int day)
 
 bool Placer::keepsFreePeriod(int teacher, int day, int period) const
 {
-    auto freeIn = [&](int from, int to) {
-        int free = 0;
-        for (int p = from; p <= to; ++p)
-            free += m_tt.teacherFree(teacher, day, p);
-        return free;
-    };
-    switch (m_s.freeTypeOf(teacher)) {
-    case 1:
-        return freeIn(1, m_p) > 1;
-    case 2:
-        return period <= m_cal.periodsInMorningSession ? freeIn(1, m_cal.periodsInMorningSession) > 1
-                                                       : freeIn(m_cal.periodsInMorningSession + 1, m_p) > 1;
-    case 3:
-        return freeIn(1, m_p) >= 1;
-    default:
-        return false;
-    }
+    // Counted over the day's P, which in a seven-day week may be the P of the draw before.
+    const int type = m_s.freeTypeOf(teacher);
+    const PlacementRules::Range range = PlacementRules::FreeTypeRange(m_cal, type, period, m_p);
+    return PlacementRules::FreeTypeAllows(type, m_tt.teacherFreeCount(teacher, day, range.from, range.to));
 }
 
 bool Placer::dayWorks(int classCode, int day) const
@@ -47,28 +35,18 @@ bool Placer::dayWorks(int classCode, int day) const
 
 void Placer::flags(int count, bool *daily, bool *twice) const
 {
-    *daily = false;
-    *twice = false;
-    const int days = m_cal.noOfWorkingDays;
-    if (days < 1 || count < days)
-        return;
-    *daily = true;
-    *twice = m_cal.periodsOnLastWorkingDay == m_cal.periodsPerDay ? count >= 2 * days : count >= 2 * days - 1;
+    // The generator judges the spreading by the school's week, whatever days the class works.
+    const PlacementRules::Spread spread =
+        PlacementRules::SpreadOf(count, m_cal.noOfWorkingDays, m_cal.periodsOnLastWorkingDay != m_cal.periodsPerDay);
+    *daily = spread.daily;
+    *twice = spread.twice;
 }
 
 bool Placer::secondPeriodAllowed(quint64 key, int day, int period, bool daily, bool twice) const
 {
-    const int n = m_tt.placedOnDay(key, day);
-    if (n == 0)
-        return true;
-    if (n == 1) {
-        if (!daily && !twice)
-            return false;
-        // A second period on one day must fall in the other session.
-        const bool heldInMorning = m_cal.isMorning(m_tt.onlyPeriodOnDay(key, day));
-        return heldInMorning != (period <= m_cal.periodsInMorningSession);
-    }
-    return daily && twice;
+    const int held = m_tt.placedOnDay(key, day);
+    return PlacementRules::AnotherPeriodAllowed(m_cal, {daily, twice}, held, held == 1 ? m_tt.onlyPeriodOnDay(key, day) : 0,
+                                                period);
 }
 
 bool Placer::phaseOneSlotPasses(const WorkList &list, const WorkUnit &unit, int day, int period, Pass pass,

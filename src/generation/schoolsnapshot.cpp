@@ -16,24 +16,27 @@ QString text(const QVariant &value)
 void readSettings(const Sql &sql, const QString &table, const QString &codeColumn,
                   const QMap<int, QString> &periodNames, QList<int> *codes, QHash<int, QSet<int>> *noPeriods)
 {
-    QSqlQuery rows = sql.run(QStringLiteral("SELECT * FROM %1 ORDER BY rowid").arg(table));
-    const QSqlRecord record = rows.record();
-    QHash<int, int> columnOfPeriod;
-    for (auto it = periodNames.cbegin(); it != periodNames.cend(); ++it) {
-        for (int c = 0; c < record.count(); ++c)
-            if (record.fieldName(c).compare(it.value().trimmed(), Qt::CaseInsensitive) == 0)
-                columnOfPeriod.insert(it.key(), c);
-    }
-    const int codeAt = record.indexOf(codeColumn);
+    QSqlQuery rows = sql.run(QStringLiteral("SELECT %1 FROM %2 ORDER BY rowid").arg(codeColumn, table));
     while (rows.next()) {
         bool numeric = false;
-        const int code = rows.value(codeAt).toString().trimmed().toInt(&numeric);
-        if (!numeric)
+        const int code = rows.value(0).toString().trimmed().toInt(&numeric);
+        if (numeric)
+            codes->append(code);
+    }
+    // A period is kept free where its column holds "No"; a period without a column holds nothing.
+    const QSqlRecord record = sql.db().record(table);
+    for (auto it = periodNames.cbegin(); it != periodNames.cend(); ++it) {
+        const QString name = it.value().trimmed();
+        if (name.isEmpty() || !record.contains(name))
             continue;
-        codes->append(code);
-        for (auto it = columnOfPeriod.cbegin(); it != columnOfPeriod.cend(); ++it)
-            if (rows.value(it.value()).toString().compare(QLatin1String("No"), Qt::CaseInsensitive) == 0)
+        QSqlQuery marked = sql.run(QStringLiteral("SELECT %1 FROM %2 WHERE ").arg(codeColumn, table)
+                                   + Sql::identifier(name) + QStringLiteral("='No'") + QStringLiteral(" COLLATE NOCASE"));
+        while (marked.next()) {
+            bool numeric = false;
+            const int code = marked.value(0).toString().trimmed().toInt(&numeric);
+            if (numeric)
                 (*noPeriods)[code].insert(it.key());
+        }
     }
 }
 

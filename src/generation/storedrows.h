@@ -4,9 +4,11 @@
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
+#include <optional>
 
-// A prepared statement run once per row of values. A value bound the same way for the row before is not
-// bound again: QtSql names every placeholder it binds, which costs more than SQLite's insert of the row.
+// A prepared statement with `?` placeholders, run once per row of values. Binding costs QtSql more than
+// SQLite's insert of the row, so the placeholders are bound by name (QtSql would build a name for each
+// positional value) and a value bound the same way for the row before is not bound again.
 class RowStatement
 {
 public:
@@ -15,7 +17,27 @@ public:
 
 private:
     QSqlQuery m_query;
+    QStringList m_names;
     QVariantList m_bound;
+};
+
+// Inserts rows in the order given, several to a statement: running a statement costs SQLite and QtSql about
+// as much again as the row it inserts. finish() inserts the rows still held back.
+class RowInserter
+{
+public:
+    // `head` is "INSERT INTO Table (columns) VALUES", `row` the values of one row: "(?, ?, '', ?)".
+    RowInserter(const QSqlDatabase &db, const QString &head, const QString &row);
+    void insert(const QVariantList &values);
+    void finish();
+
+private:
+    static constexpr int Batch = 16;
+    QSqlDatabase m_db;
+    QString m_head, m_row;
+    std::optional<RowStatement> m_batch, m_single;
+    QVariantList m_held;
+    int m_heldRows = 0;
 };
 
 // Makes `table` hold `rows` in rowid order from 1, each row giving every column in table order: the state

@@ -17,6 +17,7 @@ void TimetableState::reset(const SchoolSnapshot &snapshot)
     m_keyDayCount.clear();
     m_keyDayPeriodSum.clear();
     m_clearedClasses.clear();
+    m_lastTeacher = m_lastClass = m_lastKey = LookUp();
     for (const TimetableRow &row : snapshot.timetable) {
         m_entries.append({row, true, true});
         track(row, 1);
@@ -46,6 +47,7 @@ int TimetableState::ensureTeacher(int teacher)
         return it.value();
     const int index = int(m_teachers.size());
     m_teachers.insert(teacher, index);
+    m_lastTeacher.valid = false;
     m_teacherBusy.resize(m_teacherBusy.size() + m_slots, 0);
     return index;
 }
@@ -58,6 +60,7 @@ int TimetableState::ensureClass(int classCode, int division)
         return it.value();
     const int index = int(m_classes.size());
     m_classes.insert(id, index);
+    m_lastClass.valid = false;
     m_classBusy.resize(m_classBusy.size() + m_slots, 0);
     return index;
 }
@@ -69,6 +72,7 @@ int TimetableState::ensureKey(quint64 key)
         return it.value();
     const int index = int(m_keys.size());
     m_keys.insert(key, index);
+    m_lastKey.valid = false;
     m_keyDayCount.resize(m_keyDayCount.size() + 8, 0);
     m_keyDayPeriodSum.resize(m_keyDayPeriodSum.size() + 8, 0);
     return index;
@@ -88,6 +92,23 @@ void TimetableState::track(const TimetableRow &row, int delta)
         m_keyDayCount[at] += delta;
         m_keyDayPeriodSum[at] += delta * row.period;
     }
+}
+
+int TimetableState::teacherFreeCount(int teacher, int day, int from, int to) const
+{
+    if (to < from)
+        return 0;
+    const int index = teacherIndex(teacher);
+    if (index < 0 || day < 1 || day > 7)
+        return to - from + 1;
+    // Periods outside the day hold nobody, as teacherFree tells them.
+    const int first = qMax(from, 1);
+    const int last = qMin(to, m_periodsPerDay);
+    int free = to - from + 1 - qMax(0, last - first + 1);
+    const quint16 *day0 = m_teacherBusy.data() + size_t(index) * m_slots + size_t(day - 1) * m_periodsPerDay;
+    for (int period = first; period <= last; ++period)
+        free += day0[period - 1] == 0;
+    return free;
 }
 
 void TimetableState::add(const TimetableRow &row)
@@ -118,7 +139,7 @@ int TimetableState::placedCount(quint64 key) const
 
 int TimetableState::placedOnDay(quint64 key, int day) const
 {
-    const int index = m_keys.value(key, -1);
+    const int index = keyIndex(key);
     if (index < 0 || day < 1 || day > 7)
         return 0;
     return m_keyDayCount[size_t(index) * 8 + day];
@@ -126,7 +147,7 @@ int TimetableState::placedOnDay(quint64 key, int day) const
 
 int TimetableState::onlyPeriodOnDay(quint64 key, int day) const
 {
-    const int index = m_keys.value(key, -1);
+    const int index = keyIndex(key);
     if (index < 0 || day < 1 || day > 7)
         return 0;
     return m_keyDayPeriodSum[size_t(index) * 8 + day];
@@ -158,8 +179,9 @@ void TimetableState::write(const QSqlDatabase &db)
             clear.run({classCode, division});
         m_clearedClasses.clear();
     }
-    RowStatement insert(db, QStringLiteral("INSERT INTO TimeTable (ClassCode, DivisionCode, DayCode, PeriodCode, SubjectCode, "
-                                           "TeacherCode, Manual, Spare, CC, CT) VALUES (?, ?, ?, ?, ?, ?, ?, '', ?, ?)"));
+    RowInserter insert(db, QStringLiteral("INSERT INTO TimeTable (ClassCode, DivisionCode, DayCode, PeriodCode, SubjectCode, "
+                                          "TeacherCode, Manual, Spare, CC, CT) VALUES"),
+                       QStringLiteral("(?, ?, ?, ?, ?, ?, ?, '', ?, ?)"));
     QList<Entry> kept;
     kept.reserve(m_alive);
     for (Entry &entry : m_entries) {
@@ -167,10 +189,11 @@ void TimetableState::write(const QSqlDatabase &db)
             continue;
         if (!entry.stored) {
             const TimetableRow &r = entry.row;
-            insert.run({r.classCode, r.division, r.day, r.period, r.subject, r.teacher, r.manual, r.cc, r.ct});
+            insert.insert({r.classCode, r.division, r.day, r.period, r.subject, r.teacher, r.manual, r.cc, r.ct});
             entry.stored = true;
         }
         kept.append(entry);
     }
+    insert.finish();
     m_entries = kept;
 }

@@ -19,6 +19,8 @@ public:
     void removePhaseTwoRows(int classCode, int division);
 
     bool teacherFree(int teacher, int day, int period) const { return count(m_teacherBusy, teacherIndex(teacher), day, period) == 0; }
+    // How many of periods `from` to `to` the teacher has free on the day: teacherFree counted over the range.
+    int teacherFreeCount(int teacher, int day, int from, int to) const;
     bool classFree(int classCode, int division, int day, int period) const
     {
         return count(m_classBusy, classIndex(classCode, division), day, period) == 0;
@@ -49,11 +51,27 @@ private:
     };
     int slotOf(int day, int period) const;
     int count(const std::vector<quint16> &busy, int index, int day, int period) const;
-    int teacherIndex(int teacher) const { return m_teachers.value(teacher, -1); }
+    // The placement tests ask about one row's teacher, class and allotment many times before they move on:
+    // each index keeps its last look-up.
+    struct LookUp
+    {
+        quint64 key = 0;
+        int index = -1;
+        bool valid = false;
+    };
+    template<typename Hash>
+    static int lookUp(const Hash &hash, quint64 key, LookUp &last)
+    {
+        if (!last.valid || last.key != key)
+            last = {key, hash.value(typename Hash::key_type(key), -1), true};
+        return last.index;
+    }
+    int teacherIndex(int teacher) const { return lookUp(m_teachers, quint64(qint64(teacher)), m_lastTeacher); }
     int classIndex(int classCode, int division) const
     {
-        return m_classes.value(quint32(classCode) << 16 | quint32(quint16(division)), -1);
+        return lookUp(m_classes, quint32(classCode) << 16 | quint32(quint16(division)), m_lastClass);
     }
+    int keyIndex(quint64 key) const { return lookUp(m_keys, key, m_lastKey); }
     int ensureTeacher(int teacher);
     int ensureClass(int classCode, int division);
     int ensureKey(quint64 key);
@@ -73,4 +91,5 @@ private:
     std::vector<int> m_keyDayCount;     // 8 a key: index 1 to 7 by DayCode
     std::vector<int> m_keyDayPeriodSum; // sum of the periods held that day: the period itself when one
     QList<QPair<int, int>> m_clearedClasses;
+    mutable LookUp m_lastTeacher, m_lastClass, m_lastKey;
 };

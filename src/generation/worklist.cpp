@@ -263,6 +263,20 @@ QList<WorkRow> BuildPhaseTwoList(const SchoolSnapshot &snapshot, const Timetable
     return rows;
 }
 
+QList<WorkRow> BuildPhaseTwoRowsOf(const SchoolSnapshot &snapshot, const TimetableState &timetable, int classCode,
+                                   int division)
+{
+    QList<WorkRow> rows;
+    int id = 0;
+    for (const Allotment &a : snapshot.allotments) {
+        ++id;
+        if (a.classCode == classCode && a.division == division)
+            rows.append({0, id, a.classCode, a.division, a.teacher, a.subject, 0, 0,
+                         a.periods - timetable.placedCount(a.key()), a.ccSystem, a.ctSystem});
+    }
+    return rows;
+}
+
 void WritePhaseTwoList(const QSqlDatabase &db, const QList<WorkRow> &rows)
 {
     QList<QVariantList> values;

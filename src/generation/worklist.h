@@ -64,5 +64,8 @@ void WriteWorkList(const QSqlDatabase &db, const WorkList &list);
 
 // The Phase II list (AutoGenPhase2): every allotment in table order with what is left of it.
 QList<WorkRow> BuildPhaseTwoList(const SchoolSnapshot &snapshot, const TimetableState &timetable);
+// The rows of one class division of that list, as it gives them.
+QList<WorkRow> BuildPhaseTwoRowsOf(const SchoolSnapshot &snapshot, const TimetableState &timetable, int classCode,
+                                   int division);
 void WritePhaseTwoList(const QSqlDatabase &db, const QList<WorkRow> &rows);
 int PhaseTwoBalance(const QList<WorkRow> &rows);

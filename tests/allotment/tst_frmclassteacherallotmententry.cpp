@@ -13,9 +13,10 @@ const QString AlreadyClassTeacher =
     QStringLiteral("This Teacher Has Already Been Assigned As A Class Teacher\nDo You Want To View The Details ?");
 const QString DeleteQuestion = QStringLiteral("Do You Want To Delete This Class Teacher Entry ?");
 
-// The small sample school: Priya Philip is class teacher of VI-A (English, P1); Mary Iyer teaches Malayalam
-// in VI-A and VII-A and is no class teacher; in VI-A Ajith M. Raj has only a row the Combined Teacher screen
-// generated (Music), in VII-B Thomas Antony only one the Combined Class screen generated.
+// The small sample school: Ajith Iyer is class teacher of VI-A (Mathematics, P1), and four class divisions
+// have one, VIII-A and VIII-B none; Priya Philip teaches English in every division and is no class teacher;
+// Ajith Iyer also has the row the Combined Teacher screen generated for VI-A (Music), Asha Sebastian only
+// the one the Combined Class screen generated in VII-B (Physical Education).
 }
 
 class tst_frmClassTeacherAllotmentEntry : public QObject
@@ -102,10 +103,18 @@ private slots:
         QTest::addColumn<QString>("teacher");
         QTest::addColumn<QString>("subject");
         QTest::addColumn<bool>("offered");
-        QTest::newRow("generated combined teacher row") << "VI" << "A" << "Ajith M. Raj" << "Music" << false;
-        QTest::newRow("generated combined class row") << "VII" << "B" << "Thomas Antony" << "Physical Education" << false;
-        QTest::newRow("entered row, marks empty") << "VI" << "A" << "Mary Iyer" << "Malayalam" << true;
-        QTest::newRow("entered row, marks null") << "VII" << "A" << "Ajith M. Raj" << "Music" << true;
+        QTest::addColumn<QString>("before"); // makes the teacher's only row in the division the one tried
+        QTest::newRow("generated combined teacher row")
+            << "VI" << "A" << "Ajith Iyer" << "Music" << false
+            << "DELETE FROM WorkAllotmentEntry WHERE TeacherCode = 3 AND ClassCode = 1 AND DivisionCode = 1 AND "
+               "CTSystem IS NULL";
+        QTest::newRow("generated combined class row")
+            << "VII" << "B" << "Asha Sebastian" << "Physical Education" << false << QString();
+        QTest::newRow("entered row, marks empty")
+            << "VI" << "A" << "Priya Philip" << "English" << true
+            << "UPDATE WorkAllotmentEntry SET CCSystem = '', CTSystem = '' WHERE TeacherCode = 1 AND ClassCode = 1 "
+               "AND DivisionCode = 1";
+        QTest::newRow("entered row, marks null") << "VII" << "A" << "Priya Philip" << "English" << true << QString();
     }
 
     void generatedRowsAreNotOffered()
@@ -115,10 +124,15 @@ private slots:
         QFETCH(QString, teacher);
         QFETCH(QString, subject);
         QFETCH(bool, offered);
+        QFETCH(QString, before);
         noClassTeachers();
-        // As the work allotment screen writes: named columns, the system marks left null.
-        m_store->exec(QStringLiteral("INSERT INTO WorkAllotmentEntry (TeacherCode, ClassCode, DivisionCode, "
-                                     "SubjectCode, NoOfSectionPeriods) VALUES (16, 2, 1, 14, 1)"));
+        if (!before.isEmpty())
+            m_store->exec(before);
+        // Rows as the work allotment screen writes them have the system marks null.
+        QCOMPARE(m_store->scalar(QStringLiteral("SELECT COUNT(*) FROM WorkAllotmentEntry WHERE TeacherCode = 1 AND "
+                                                "ClassCode = 2 AND DivisionCode = 1 AND CCSystem IS NULL AND "
+                                                "CTSystem IS NULL")).toInt(),
+                 1);
         openNew(className, divisionName);
         QCOMPARE(items("cboTeacher").contains(teacher), offered);
         QCOMPARE(items("cboSubject").contains(subject), offered);
@@ -127,14 +141,12 @@ private slots:
 
     void loadsTheClassDivisionsEntry()
     {
-        m_store->exec(QStringLiteral("UPDATE TeacherMaster SET ClassCode = 0, DivisionCode = 0, SubjectCode = 0, "
-                                     "PeriodCode = 0 WHERE TeacherName = 'Jaya Rao'"));
         QVERIFY(!control<QFrame>("fraMain")->isEnabled());
         QCOMPARE(items("cboUniformPeriodName"), (QStringList{"", "P1", "P2", "P3", "P4", "P5", "P6", "P7"}));
         QCOMPARE(items("cboClass"), (QStringList{"", "VI", "VII", "VIII"}));
         openNew("VI", "A");
-        QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Priya Philip"));
-        QCOMPARE(combo("cboSubject")->currentText(), QStringLiteral("English"));
+        QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Ajith Iyer"));
+        QCOMPARE(combo("cboSubject")->currentText(), QStringLiteral("Mathematics"));
         QCOMPARE(combo("cboUniformPeriodAllocation")->currentText(), QStringLiteral("YES"));
         QCOMPARE(combo("cboUniformPeriodName")->currentText(), QStringLiteral("P1"));
         QVERIFY(button("cmdEdit")->isEnabled());
@@ -155,9 +167,9 @@ private slots:
     {
         QTest::addColumn<QStringList>("allocations");
         QTest::addColumn<QString>("stored");
-        QTest::newRow("uniform period") << QStringList{"YES"} << "1,1,2,3";
-        QTest::newRow("no uniform period") << QStringList{"NO"} << "1,1,2,0";
-        QTest::newRow("yes, then no again") << QStringList{"YES", "NO"} << "1,1,2,0";
+        QTest::newRow("uniform period") << QStringList{"YES"} << "1,1,1,3";
+        QTest::newRow("no uniform period") << QStringList{"NO"} << "1,1,1,0";
+        QTest::newRow("yes, then no again") << QStringList{"YES", "NO"} << "1,1,1,0";
     }
 
     void saveWritesTheFourColumns()
@@ -166,9 +178,9 @@ private slots:
         QFETCH(QString, stored);
         noClassTeachers();
         openNew("VI", "A");
-        QVERIFY(choose("cboTeacher", "Mary Iyer"));
-        QCOMPARE(items("cboSubject"), (QStringList{"", "Malayalam"}));
-        QVERIFY(choose("cboSubject", "Malayalam"));
+        QVERIFY(choose("cboTeacher", "Priya Philip"));
+        QCOMPARE(items("cboSubject"), (QStringList{"", "English"}));
+        QVERIFY(choose("cboSubject", "English"));
         for (const QString &allocation : allocations) {
             QVERIFY(choose("cboUniformPeriodAllocation", allocation));
             if (allocation == QLatin1String("YES"))
@@ -177,7 +189,7 @@ private slots:
         QCOMPARE(combo("cboUniformPeriodName")->isEnabled(), allocations.last() == QLatin1String("YES"));
         m_messages.expectInformation(QStringLiteral("Record Saved"));
         click("cmdSave");
-        QCOMPARE(entryOf(QStringLiteral("Mary Iyer")), stored);
+        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), stored);
         QCOMPARE(classTeachers(), 1);
         QVERIFY(button("cmdNew")->isEnabled());
         QVERIFY(!control<QFrame>("fraMain")->isEnabled());
@@ -197,8 +209,8 @@ private slots:
         } steps[] = {
             {"Select Class Name", "cboClass", "cboClass", "VI"},
             {"Select Division Name", "cboDivision", "cboDivision", "A"},
-            {"Select Teacher Name", "cboTeacher", "cboTeacher", "Mary Iyer"},
-            {"Select Subject Name", "cboSubject", "cboSubject", "Malayalam"},
+            {"Select Teacher Name", "cboTeacher", "cboTeacher", "Priya Philip"},
+            {"Select Subject Name", "cboSubject", "cboSubject", "English"},
             {"Select Uniform Period Name", "cboUniformPeriodName", nullptr, nullptr},
         };
         for (const auto &step : steps) {
@@ -229,24 +241,24 @@ private slots:
         QFETCH(bool, atSave);
         QFETCH(bool, view);
         noClassTeachers();
-        const QString maryInVIIA = QStringLiteral("UPDATE TeacherMaster SET ClassCode = 2, DivisionCode = 1, "
-                                                  "SubjectCode = 2, PeriodCode = 4 WHERE TeacherName = 'Mary Iyer'");
+        const QString priyaInVIIA = QStringLiteral("UPDATE TeacherMaster SET ClassCode = 2, DivisionCode = 1, "
+                                                   "SubjectCode = 1, PeriodCode = 4 WHERE TeacherName = 'Priya Philip'");
         if (!atSave)
-            m_store->exec(maryInVIIA);
+            m_store->exec(priyaInVIIA);
         openNew("VI", "A");
         if (!atSave)
             m_messages.expectQuestion(AlreadyClassTeacher, view);
-        QVERIFY(choose("cboTeacher", "Mary Iyer"));
+        QVERIFY(choose("cboTeacher", "Priya Philip"));
         if (atSave) {
-            QVERIFY(choose("cboSubject", "Malayalam"));
-            m_store->exec(maryInVIIA);
+            QVERIFY(choose("cboSubject", "English"));
+            m_store->exec(priyaInVIIA);
             m_messages.expectQuestion(AlreadyClassTeacher, view);
             click("cmdSave");
         }
         if (view) {
             QCOMPARE(combo("cboClass")->currentText(), QStringLiteral("VII"));
             QCOMPARE(combo("cboDivision")->currentText(), QStringLiteral("A"));
-            QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Mary Iyer"));
+            QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Priya Philip"));
             QCOMPARE(combo("cboUniformPeriodName")->currentText(), QStringLiteral("P4"));
             QVERIFY(button("cmdEdit")->isEnabled());
             QVERIFY(!button("cmdSave")->isEnabled());
@@ -256,7 +268,7 @@ private slots:
             QCOMPARE(focused(), QStringLiteral("cboTeacher"));
             QVERIFY(button("cmdSave")->isEnabled());
         }
-        QCOMPARE(entryOf(QStringLiteral("Mary Iyer")), QStringLiteral("2,1,2,4"));
+        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), QStringLiteral("2,1,1,4"));
         QCOMPARE(classTeachers(), 1);
     }
 
@@ -264,35 +276,35 @@ private slots:
     void editToAnotherTeacher_data()
     {
         QTest::addColumn<bool>("storeRefuses");
+        QTest::addColumn<QString>("ajith");
         QTest::addColumn<QString>("priya");
-        QTest::addColumn<QString>("mary");
-        QTest::newRow("saved") << false << "0,0,0,0" << "1,1,2,0";
-        QTest::newRow("store refuses") << true << "1,1,1,1" << "0,0,0,0";
+        QTest::newRow("saved") << false << "0,0,0,0" << "1,1,1,0";
+        QTest::newRow("store refuses") << true << "1,1,4,1" << "0,0,0,0";
     }
 
     void editToAnotherTeacher()
     {
         QFETCH(bool, storeRefuses);
+        QFETCH(QString, ajith);
         QFETCH(QString, priya);
-        QFETCH(QString, mary);
         if (storeRefuses)
             m_store->exec(QStringLiteral("CREATE TRIGGER refuse BEFORE UPDATE OF ClassCode ON TeacherMaster WHEN "
-                                         "NEW.TeacherName = 'Mary Iyer' BEGIN SELECT RAISE(ABORT, 'refused'); END"));
+                                         "NEW.TeacherName = 'Priya Philip' BEGIN SELECT RAISE(ABORT, 'refused'); END"));
         openNew("VI", "A");
         click("cmdEdit");
         QVERIFY(!combo("cboClass")->isEnabled());
         QVERIFY(!combo("cboDivision")->isEnabled());
         QCOMPARE(focused(), QStringLiteral("cmdSave"));
-        QVERIFY(choose("cboTeacher", "Mary Iyer"));
-        QVERIFY(choose("cboSubject", "Malayalam"));
+        QVERIFY(choose("cboTeacher", "Priya Philip"));
+        QVERIFY(choose("cboSubject", "English"));
         QVERIFY(choose("cboUniformPeriodAllocation", "NO"));
         if (storeRefuses)
             m_messages.expectCritical(QStringLiteral("refused"));
         else
             m_messages.expectInformation(QStringLiteral("Record Updated"));
         click("cmdSave");
+        QCOMPARE(entryOf(QStringLiteral("Ajith Iyer")), ajith);
         QCOMPARE(entryOf(QStringLiteral("Priya Philip")), priya);
-        QCOMPARE(entryOf(QStringLiteral("Mary Iyer")), mary);
         QCOMPARE(button("cmdSave")->isEnabled(), storeRefuses); // a failed Save leaves the screen as it was
     }
 
@@ -301,7 +313,7 @@ private slots:
         QTest::addColumn<bool>("answer");
         QTest::addColumn<QString>("stored");
         QTest::newRow("yes") << true << "0,0,0,0";
-        QTest::newRow("no") << false << "1,1,1,1";
+        QTest::newRow("no") << false << "1,1,4,1";
     }
 
     void deleteClearsTheEntry()
@@ -313,24 +325,24 @@ private slots:
         if (answer)
             m_messages.expectInformation(QStringLiteral("Record Deleted"));
         click("cmdDelete");
-        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), stored);
+        QCOMPARE(entryOf(QStringLiteral("Ajith Iyer")), stored);
         QCOMPARE(button("cmdNew")->isEnabled(), answer);
-        QCOMPARE(classTeachers(), answer ? 5 : 6);
+        QCOMPARE(classTeachers(), answer ? 3 : 4);
     }
 
     void deletedAllotmentIsRefused()
     {
         noClassTeachers();
         openNew("VI", "A");
-        QVERIFY(choose("cboTeacher", "Mary Iyer"));
-        QVERIFY(choose("cboSubject", "Malayalam"));
-        m_store->exec(QStringLiteral("DELETE FROM WorkAllotmentEntry WHERE TeacherCode = 3 AND ClassCode = 1 "
+        QVERIFY(choose("cboTeacher", "Priya Philip"));
+        QVERIFY(choose("cboSubject", "English"));
+        m_store->exec(QStringLiteral("DELETE FROM WorkAllotmentEntry WHERE TeacherCode = 1 AND ClassCode = 1 "
                                      "AND DivisionCode = 1"));
         m_messages.expectInformation(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
         click("cmdSave");
         QCOMPARE(combo("cboTeacher")->currentText(), QString());
         QCOMPARE(combo("cboSubject")->currentText(), QString());
-        QVERIFY(!items("cboTeacher").contains(QStringLiteral("Mary Iyer")));
+        QVERIFY(!items("cboTeacher").contains(QStringLiteral("Priya Philip")));
         QCOMPARE(focused(), QStringLiteral("cboTeacher"));
         QCOMPARE(classTeachers(), 0);
     }
@@ -362,7 +374,7 @@ private slots:
         click(qPrintable(pressed));
         QCOMPARE(control<QFrame>("fraMain")->isEnabled(), pressed != QLatin1String("cmdNew"));
         QCOMPARE(button("cmdSave")->isEnabled(), false);
-        QCOMPARE(entryOf(QStringLiteral("Priya Philip")), QStringLiteral("1,1,1,1"));
+        QCOMPARE(entryOf(QStringLiteral("Ajith Iyer")), QStringLiteral("1,1,4,1"));
     }
 };
 

@@ -379,7 +379,7 @@ private slots:
         QTest::addColumn<QString>("condition");
         QTest::addColumn<bool>("placed");
         QTest::addColumn<QString>("refusal");
-        QTest::newRow("timetable") << "t.ClassCode = 0 AND w.CPGroupNo = 0" << true
+        QTest::newRow("timetable") << "t.ClassCode = 0 AND IFNULL(w.CPGroupNo, 0) = 0" << true
                                    << "Already Timetable Entries Exist For The Selected Teacher\nSo You Cannot Delete This Teacher's WorkAllotment Entry\nAfter Removing Timetable Entries Of This Teacher, You Can Delete This WorkAllotment Entry";
         QTest::newRow("class teacher") << "t.ClassCode > 0" << false
                                        << "Already 'Class Teacher Entry' Exists For The Selected Teacher\nSo You Cannot Delete This Teacher's WorkAllotment Entry\nAfter Removing His/Her 'Class Teacher Entry', You Can Delete This WorkAllotment Entry";

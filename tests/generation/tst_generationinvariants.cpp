@@ -16,6 +16,7 @@ private slots:
         QTest::newRow("small, uniform") << int(SampleSchool::Size::Small) << "YES";
         QTest::newRow("medium, uniform") << int(SampleSchool::Size::Medium) << "YES";
         QTest::newRow("medium, no uniform") << int(SampleSchool::Size::Medium) << "NO";
+        QTest::newRow("tight, uniform") << int(SampleSchool::Size::Tight) << "YES";
     }
     void wholeRun()
     {
@@ -44,13 +45,13 @@ private slots:
             "SELECT COUNT(*) FROM (SELECT t.TeacherCode FROM TimeTable t JOIN WorkAllotmentEntry w ON w.TeacherCode = "
             "t.TeacherCode AND w.ClassCode = t.ClassCode AND w.DivisionCode = t.DivisionCode AND w.SubjectCode = "
             "t.SubjectCode GROUP BY t.TeacherCode, t.DayCode, t.PeriodCode HAVING COUNT(*) > 1 AND "
-            "(MIN(w.CCGroupNo) = 0 OR COUNT(DISTINCT w.CCGroupNo) > 1))")).toInt(), 0);
+            "(MIN(IFNULL(w.CCGroupNo, 0)) = 0 OR COUNT(DISTINCT w.CCGroupNo) > 1))")).toInt(), 0);
         // A class division holds two rows in a slot only inside one Combined Teacher group.
         QCOMPARE(store.scalar(QStringLiteral(
             "SELECT COUNT(*) FROM (SELECT t.ClassCode FROM TimeTable t JOIN WorkAllotmentEntry w ON w.TeacherCode = "
             "t.TeacherCode AND w.ClassCode = t.ClassCode AND w.DivisionCode = t.DivisionCode AND w.SubjectCode = "
             "t.SubjectCode GROUP BY t.ClassCode, t.DivisionCode, t.DayCode, t.PeriodCode HAVING COUNT(*) > 1 AND "
-            "(MIN(w.CTGroupNo) = 0 OR COUNT(DISTINCT w.CTGroupNo) > 1))")).toInt(), 0);
+            "(MIN(IFNULL(w.CTGroupNo, 0)) = 0 OR COUNT(DISTINCT w.CTGroupNo) > 1))")).toInt(), 0);
         // Every period is placed or listed as pending, never both and never more than allotted.
         QCOMPARE(store.scalar(QStringLiteral(
             "SELECT COUNT(*) FROM WorkAllotmentEntry w JOIN AutoGenPhase2 a ON a.TeacherCode = w.TeacherCode AND "

@@ -1,7 +1,6 @@
 #include "excelexport.h"
 #include "gridtextfile.h"
 #include "manualentry.h"
-#include "placement.h"
 #include "sampleschool.h"
 #include "scriptedmessages.h"
 #include "sheetreader.h"
@@ -12,112 +11,29 @@
 #include <QFile>
 #include <QSqlQuery>
 #include <QTest>
-#include <QSet>
-#include <climits>
-
-using namespace Placement;
 
 namespace {
-struct Allotment
-{
-    int teacher, classCode, division, subject, periods;
-    bool grouped;
-};
 
-
-// The rows an office enters by hand: generated rows come along with their group's main row.
-QList<Allotment> enteredRows(const QSqlDatabase &db)
-{
-    QList<Allotment> rows;
-    QSqlQuery query = Sql(db).run(QStringLiteral(
-        "SELECT TeacherCode, ClassCode, DivisionCode, SubjectCode, NoOfSectionPeriods, "
-        "CPGroupNo + CCGroupNo + CTGroupNo > 0 FROM WorkAllotmentEntry "
-        "WHERE IFNULL(CCSystem, '') = '' AND IFNULL(CTSystem, '') = '' ORDER BY rowid"));
-    while (query.next())
-        rows.append({query.value(0).toInt(), query.value(1).toInt(), query.value(2).toInt(), query.value(3).toInt(),
-                     query.value(4).toInt(), query.value(5).toBool()});
-    return rows;
-}
-
-// Clicks the week full as a careful person would: always the allotment with the fewest free slots left next,
-// into a free slot on the day where it has the fewest periods so far. Occupancy is tracked here so that the
-// choice is quick; every click still goes through the manual screen's rules.
+// Clicks the week full as a careful person would who has the week worked out beforehand: each entered row
+// into the slots of the week the small sample school is built around. A click on a group's row places the
+// whole group, so a member whose slot is already filled is passed over. Returns the periods left open.
 int fillByHand(TestStore &store, ManualEntry &entry)
 {
     const QSqlDatabase db = store.db();
-    const SchoolCalendar &calendar = store.context().session.calendar;
-    struct Work
-    {
-        Allotment row;
-        QList<GroupMember> members;
-        int placed = 0;
-        QHash<int, int> perDay;
-    };
-    QList<Work> work;
-    for (const Allotment &row : enteredRows(db))
-        work.append({row, GroupMembersOf(db, row.classCode, row.division, row.subject,
-                                         GroupNumbersOf(db, row.classCode, row.division, row.subject)), 0, {}});
-    QSet<QString> busy;
-    const auto key = [](char kind, int a, int b, const PeriodSlot &slot) {
-        return QStringLiteral("%1%2/%3@%4.%5").arg(QChar::fromLatin1(kind)).arg(a).arg(b).arg(slot.day).arg(slot.period);
-    };
-    const auto free = [&](const Work &w, const PeriodSlot &slot) {
-        if (!InWeek(calendar, slot))
-            return false;
-        for (const GroupMember &m : w.members)
-            if (busy.contains(key('c', m.classCode, m.division, slot)) || busy.contains(key('t', m.teacher, 0, slot)))
-                return false;
-        return true;
-    };
-    for (;;) {
-        Work *next = nullptr;
-        int fewest = INT_MAX;
-        for (Work &w : work) {
-            if (w.placed >= w.row.periods)
-                continue;
-            int count = 0;
-            for (int day = 1; day <= calendar.noOfWorkingDays; ++day)
-                for (int period = 1; period <= calendar.periodsPerDay; ++period)
-                    count += free(w, {day, period}) ? 1 : 0;
-            if (count < fewest) {
-                fewest = count;
-                next = &w;
-            }
-        }
-        if (!next || fewest == 0)
+    for (const SampleSchool::WeekPeriod &p : SampleSchool::plantedWeek(SampleSchool::Size::Small)) {
+        if (!p.cc.isEmpty() || !p.ct.isEmpty())
+            continue; // a generated row comes with its group's main row
+        const bool placed = Sql(db).exists(QStringLiteral("SELECT 1 FROM TimeTable WHERE ClassCode = ? AND DivisionCode = ? "
+                                                          "AND DayCode = ? AND PeriodCode = ? AND SubjectCode = ? AND "
+                                                          "TeacherCode = ?"),
+                                           {p.classCode, p.division, p.day, p.period, p.subject, p.teacher});
+        if (placed)
+            continue;
+        if (entry.place({p.classCode, p.division, p.subject, p.teacher}, {p.day, p.period}) != ManualEntry::Result::Placed)
             break;
-        PeriodSlot best;
-        int bestLoad = INT_MAX;
-        for (int day = 1; day <= calendar.noOfWorkingDays; ++day)
-            for (int period = 1; period <= calendar.periodsPerDay; ++period)
-                if (free(*next, {day, period}) && next->perDay.value(day) < bestLoad) {
-                    best = {day, period};
-                    bestLoad = next->perDay.value(day);
-                }
-        if (entry.place({next->row.classCode, next->row.division, next->row.subject, next->row.teacher}, best)
-            != ManualEntry::Result::Placed)
-            break;
-        for (const GroupMember &m : next->members) {
-            busy.insert(key('c', m.classCode, m.division, best));
-            busy.insert(key('t', m.teacher, 0, best));
-        }
-        // The click placed the whole group: every member that is an entered row has its period now.
-        const QList<GroupMember> placedMembers = next->members;
-        for (Work &w : work) {
-            const bool member = std::any_of(placedMembers.cbegin(), placedMembers.cend(), [&](const GroupMember &m) {
-                return m.teacher == w.row.teacher && m.classCode == w.row.classCode && m.division == w.row.division
-                    && m.subject == w.row.subject;
-            });
-            if (member) {
-                ++w.placed;
-                ++w.perDay[best.day];
-            }
-        }
     }
-    int open = 0;
-    for (const Work &w : work)
-        open += w.row.periods - w.placed;
-    return open;
+    return store.scalar(QStringLiteral("SELECT SUM(NoOfSectionPeriods) FROM WorkAllotmentEntry")).toInt()
+        - store.count(QStringLiteral("TimeTable"));
 }
 }
 

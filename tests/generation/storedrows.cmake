@@ -1,0 +1,1 @@
+tt_tests(LIBS tt_generation TESTS tst_storedrows)
