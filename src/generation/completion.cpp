@@ -237,6 +237,98 @@ bool Completion::chain(int start, int maxSteps, SplitMix &random)
     return true;
 }
 
+// When no chain places what is left, the search walks the plateau: an open meeting takes a slot anyway,
+// moving out what stands there, short chains repair what that opened, and the best state seen is kept.
+// Meetings moved lately are spared for a while, so that the walk does not turn back on itself.
+void Completion::kick(QList<int> &open, const Settings &settings, const QElapsedTimer &clock, SplitMix &random,
+                      Outcome *outcome)
+{
+    QList<CompletionModel::Meeting> &meetings = m_model.meetings();
+    const SchoolCalendar &cal = m_model.calendar();
+    const int count = int(meetings.size());
+    auto positions = [&] {
+        std::vector<QPair<int, int>> at(count);
+        for (int m = 0; m < count; ++m)
+            at[m] = {meetings[m].day, meetings[m].period};
+        return at;
+    };
+    auto openRowsOf = [&](const QList<int> &list) {
+        int rows = 0, stored = 0;
+        for (int m : list) {
+            rows += rowsOf(m);
+            stored += meetings[m].originalDay > 0 ? rowsOf(m) : 0;
+        }
+        return qMakePair(rows, stored);
+    };
+    std::vector<QPair<int, int>> best = positions();
+    QList<int> bestOpen = open;
+    std::vector<qint64> movedAt(count, -1000);
+    QList<int> found, chosen;
+    for (qint64 step = 0; !open.isEmpty(); ++step, ++outcome->iterations) {
+        if ((settings.cancelRequested && settings.cancelRequested()) || outcome->iterations >= settings.iterationLimit) {
+            outcome->cancelled = settings.cancelRequested && settings.cancelRequested();
+            break;
+        }
+        if (clock.elapsed() > settings.timeLimitSeconds * 1000) {
+            outcome->timedOut = true;
+            break;
+        }
+        const int m = open[random.below(int(open.size()))];
+        const int tenure = 10 + random.below(10);
+        int bestCost = std::numeric_limits<int>::max();
+        int bestDay = 0, bestPeriod = 0;
+        for (int i = 0; i < cal.noOfWorkingDays; ++i) {
+            const int day = weekDay(cal, i);
+            for (int period = 1; period <= m_model.periodsOn(day); ++period) {
+                if (!occupants(m, day, period, &found))
+                    continue;
+                if (!allowed(m, day, period, found) && !widen(m, day, period, &found))
+                    continue;
+                int cost = random.below(64);
+                for (int o : std::as_const(found))
+                    cost += 64 * rowsOf(o) + (step - movedAt[o] < tenure ? 4096 : 0);
+                if (cost < bestCost) {
+                    bestCost = cost;
+                    bestDay = day;
+                    bestPeriod = period;
+                    chosen = found;
+                }
+            }
+        }
+        if (bestDay == 0)
+            continue;
+        for (int o : std::as_const(chosen)) {
+            m_model.unplace(o);
+            open.append(o);
+            movedAt[o] = step;
+        }
+        m_model.place(m, bestDay, bestPeriod);
+        movedAt[m] = step;
+        open.removeOne(m);
+        for (int i = 0; i < open.size();) {
+            if (chain(open[i], 40, random))
+                open.removeAt(i);
+            else
+                ++i;
+        }
+        const auto [rows, stored] = openRowsOf(open);
+        if (stored == 0 && rows < openRowsOf(bestOpen).first) {
+            best = positions();
+            bestOpen = open;
+            if (settings.progress)
+                settings.progress(rows, outcome->openBefore - rows);
+        }
+    }
+    // The best state stands again.
+    for (int m = 0; m < count; ++m)
+        if (!meetings[m].fixed && meetings[m].day > 0)
+            m_model.unplace(m);
+    for (int m = 0; m < count; ++m)
+        if (!meetings[m].fixed && best[m].first > 0)
+            m_model.place(m, best[m].first, best[m].second);
+    open = bestOpen;
+}
+
 Completion::Outcome Completion::run(const Settings &settings)
 {
     Outcome outcome;
@@ -252,8 +344,8 @@ Completion::Outcome Completion::run(const Settings &settings)
     int openNow = outcome.openBefore;
     // Rounds over the open meetings, each trying longer chains than the one before, until a round places
     // nothing at its longest chains.
-    const QList<int> lengths = {4, 12, 40, 120, 400, 1500};
-    const QList<int> attempts = {6, 6, 6, 8, 12, 24};
+    const QList<int> lengths = {4, 12, 40, 120};
+    const QList<int> attempts = {6, 6, 6, 8};
     for (int round = 0; !open.isEmpty(); ++round) {
         const int maxSteps = lengths[qMin<qsizetype>(round, lengths.size() - 1)];
         bool progress = false;
@@ -286,6 +378,8 @@ Completion::Outcome Completion::run(const Settings &settings)
             || outcome.iterations >= settings.iterationLimit)
             break;
     }
+    if (!open.isEmpty() && !outcome.cancelled && !outcome.timedOut)
+        kick(open, settings, clock, random, &outcome);
     undoNeedlessMoves();
     outcome.openAfter = openRows();
     for (const CompletionModel::Meeting &meeting : std::as_const(meetings)) {

@@ -1,6 +1,7 @@
 #pragma once
 #include "completionmodel.h"
 
+#include <QElapsedTimer>
 #include <functional>
 
 class SplitMix;
@@ -42,6 +43,7 @@ public:
 
 private:
     bool chain(int start, int maxSteps, SplitMix &random);
+    void kick(QList<int> &open, const Settings &settings, const QElapsedTimer &clock, SplitMix &random, Outcome *outcome);
     // When only the spreading or a free-period type stands in the way, the meetings that cause it may move
     // too: the lesson's other periods that day, then one meeting of the teacher in the counted periods.
     bool widen(int meeting, int day, int period, QList<int> *evicted) const;
