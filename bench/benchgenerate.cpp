@@ -2,63 +2,15 @@
 // Run by hand: benchgenerate [path/to/ttcli] [runs]. Each size runs `runs` times (5 unless told) on a fresh
 // sample; the median run is reported, since other work on the machine only ever adds to a time.
 // Targets: large under 0.3 s, medium under 0.1 s, under 100 MB.
+#include "toolrun.h"
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
 
 #include <algorithm>
 
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-namespace {
-
-struct Run
-{
-    double seconds = 0;
-    long peakKb = 0;
-    QString output;
-    int exitCode = -1;
-};
-
-// fork/exec so that wait4 gives this one child's peak memory.
-Run runTool(const QString &tool, const QStringList &args, const QString &logFile)
-{
-    Run run;
-    QElapsedTimer clock;
-    clock.start();
-    const pid_t child = fork();
-    if (child == 0) {
-        const QByteArray log = QFile::encodeName(logFile);
-        if (!freopen(log.constData(), "w", stdout))
-            _exit(127);
-        QList<QByteArray> storage{QFile::encodeName(tool)};
-        for (const QString &a : args)
-            storage << a.toLocal8Bit();
-        std::vector<char *> argv;
-        for (QByteArray &s : storage)
-            argv.push_back(s.data());
-        argv.push_back(nullptr);
-        execv(argv[0], argv.data());
-        _exit(127);
-    }
-    int status = 0;
-    rusage usage{};
-    wait4(child, &status, 0, &usage);
-    run.seconds = clock.nsecsElapsed() / 1e9;
-    run.peakKb = usage.ru_maxrss;
-    run.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    QFile file(logFile);
-    if (file.open(QIODevice::ReadOnly))
-        run.output = QString::fromLocal8Bit(file.readAll());
-    return run;
-}
-
-}
 
 int main(int argc, char *argv[])
 {
@@ -75,22 +27,22 @@ int main(int argc, char *argv[])
     } sizes[] = {{"small", 0}, {"medium", 0.1}, {"large", 0.3}};
     bool met = true;
     for (const auto &[size, target] : sizes) {
-        QList<Run> timed;
+        QList<ToolRun::Run> timed;
         for (int i = 0; i < runs; ++i) {
             QTemporaryDir dir;
             const QString log = dir.filePath(QStringLiteral("out.txt"));
-            const Run sample = runTool(tool, {QStringLiteral("--data"), dir.path(), QStringLiteral("sample"),
+            const ToolRun::Run sample = ToolRun::runTool(tool, {QStringLiteral("--data"), dir.path(), QStringLiteral("sample"),
                                               QStringLiteral("--size"), QString::fromLatin1(size)}, log);
             if (sample.exitCode != 0) {
                 out << size << ": sample failed\n";
                 return 1;
             }
-            timed << runTool(tool, {QStringLiteral("--data"), dir.path(), QStringLiteral("generate")}, log);
+            timed << ToolRun::runTool(tool, {QStringLiteral("--data"), dir.path(), QStringLiteral("generate")}, log);
         }
-        std::sort(timed.begin(), timed.end(), [](const Run &a, const Run &b) { return a.seconds < b.seconds; });
-        const Run &median = timed.at(timed.size() / 2);
+        std::sort(timed.begin(), timed.end(), [](const ToolRun::Run &a, const ToolRun::Run &b) { return a.seconds < b.seconds; });
+        const ToolRun::Run &median = timed.at(timed.size() / 2);
         long peakKb = 0;
-        for (const Run &run : std::as_const(timed))
+        for (const ToolRun::Run &run : std::as_const(timed))
             peakKb = qMax(peakKb, run.peakKb);
         const bool sizeMet = (target == 0 || median.seconds < target) && peakKb < 100 * 1024 && median.exitCode == 0;
         met = met && sizeMet;

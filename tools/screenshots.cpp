@@ -292,6 +292,16 @@ int main(int argc, char *argv[])
         QTextStream(stdout) << "Pending rows: " << rows->rowCount() << '\n';
     }
     save(main, docs, QStringLiteral("pending-periods.png"));
+
+    // What the generator left open, placed by moving periods from the pending window.
+    if (pending) {
+        press(pending, "cmdCompletePeriods");
+        QTextStream(stdout) << "Completed: " << periodsPlaced() << " of " << periodsToPlace() << '\n';
+        bringForward(main, phase2);
+        press(phase2, "cmdTotalAchieved");
+        bringForward(main, pending);
+    }
+    save(main, docs, QStringLiteral("pending-periods-completed.png"));
     closeChildren(main);
     main->resize(1100, 720);
 

@@ -43,6 +43,9 @@ frmPendingPeriods::frmPendingPeriods(AppContext &ctx, QWidget *parent) : QWidget
     auto *achieved = new QLabel(this);
     achieved->hide();
     m_run = new RunProgress(this, m_prgDisplay, m_lblProgress, achieved, m_cmdCancelRun);
+    m_prgDisplay->hide();
+    m_lblProgress->hide();
+    m_cmdCancelRun->hide();
     connect(m_cmdExit, &QPushButton::clicked, this, &frmPendingPeriods::exitScreen);
     refresh();
     Screen::applyConventions(this, ctx, 0);
@@ -115,6 +118,7 @@ void frmPendingPeriods::buildLayout()
     buttons->addWidget(m_prgDisplay, 1);
     buttons->addWidget(m_lblProgress);
     buttons->addWidget(m_cmdCancelRun);
+    buttons->addStretch();
     buttons->addWidget(m_cmdExport);
     buttons->addWidget(m_cmdExit);
 
@@ -129,8 +133,14 @@ void frmPendingPeriods::buildLayout()
 // Completes the balance this window lists, then lists it again.
 void frmPendingPeriods::completePeriods()
 {
+    for (QWidget *control : {static_cast<QWidget *>(m_prgDisplay), static_cast<QWidget *>(m_lblProgress),
+                             static_cast<QWidget *>(m_cmdCancelRun)})
+        control->show();
     CompletionRun::Run(m_ctx, *m_run,
                        m_view == PendingView::PhaseOne ? CompletionStage::PhaseOne : CompletionStage::PhaseTwo);
+    for (QWidget *control : {static_cast<QWidget *>(m_prgDisplay), static_cast<QWidget *>(m_lblProgress),
+                             static_cast<QWidget *>(m_cmdCancelRun)})
+        control->hide();
     refresh();
 }
 
