@@ -188,6 +188,8 @@ void frmAutoGenerationPhaseI::uniformAnswered()
         buildValidityGrid();
         if (m_cannotProceed) {
             // The coloured cells must be read before anything else: only Esc leaves the screen now.
+            m_teachers->placeCombo(-1);
+            m_subjects->placeCombo(-1);
             setFramesOpen(false, false);
             m_frame4->setEnabled(false);
             showValidity(true);
