@@ -1,5 +1,6 @@
 #pragma once
 #include "combinedgroups.h"
+#include "findcontrol.h"
 #include "scriptedmessages.h"
 #include "smallschoolfixture.h"
 #include "teststore.h"
@@ -80,10 +81,7 @@ inline int nextNo(TestStore &store, const char *id)
 template<typename T>
 T *control(QWidget *screen, const char *name)
 {
-    T *found = screen->findChild<T *>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("no control %s", name);
-    return found;
+    return findControl<T>(screen, name);
 }
 
 // Presses a button as the user does: a disabled one does nothing.

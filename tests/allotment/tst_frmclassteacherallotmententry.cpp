@@ -1,4 +1,5 @@
 #include "frmclassteacherallotmententry.h"
+#include "findcontrol.h"
 #include "sampleschool.h"
 #include "scriptedmessages.h"
 #include "teststore.h"
@@ -31,10 +32,7 @@ private:
     template<typename T>
     T *control(const char *name)
     {
-        T *found = m_form->findChild<T *>(QString::fromLatin1(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_form, name);
     }
     QComboBox *combo(const char *name) { return control<QComboBox>(name); }
     QPushButton *button(const char *name) { return control<QPushButton>(name); }

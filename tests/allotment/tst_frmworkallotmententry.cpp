@@ -1,4 +1,5 @@
 #include "frmworkallotmententry.h"
+#include "findcontrol.h"
 #include "sampleschool.h"
 #include "scriptedmessages.h"
 #include "teststore.h"
@@ -54,10 +55,7 @@ private:
     template<typename T>
     T *control(const char *name)
     {
-        T *found = m_form->findChild<T *>(QString::fromLatin1(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_form, name);
     }
     QTableWidget *grid() { return control<QTableWidget>("msgDetails"); }
     QComboBox *combo(const char *name) { return control<QComboBox>(name); }

@@ -1,4 +1,5 @@
 #include "frmautogenerationphasei.h"
+#include "findcontrol.h"
 #include "generationfixture.h"
 #include "runprogress.h"
 #include "scriptedmessages.h"
@@ -33,10 +34,7 @@ private:
     template<typename T>
     T *control(const char *name)
     {
-        T *found = m_form->findChild<T *>(QString::fromLatin1(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_form, name);
     }
     QPushButton *button(const char *name) { return control<QPushButton>(name); }
     QTableWidget *grid(const char *name) { return control<QTableWidget>(name); }

@@ -1,4 +1,5 @@
 #include "frmautogenerationphaseii.h"
+#include "findcontrol.h"
 #include "generationfixture.h"
 #include "generationscreens.h"
 #include "pendinghost.h"
@@ -49,10 +50,7 @@ private:
 
     template<typename T = QPushButton> T *control(const char *name) const
     {
-        T *found = m_screen->findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_screen.get(), name);
     }
     void click(const char *name) { QTest::mouseClick(control(name), Qt::LeftButton); }
     void openScreen()

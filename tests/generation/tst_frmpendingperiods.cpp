@@ -1,4 +1,5 @@
 #include "../reports/sheetreader.h"
+#include "findcontrol.h"
 #include "excelexport.h"
 #include "frmpendingperiods.h"
 #include "generationfixture.h"
@@ -26,10 +27,7 @@ private:
 
     template<typename T = QPushButton> T *control(const char *name) const
     {
-        T *found = m_form->findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_form.get(), name);
     }
     QString label(const char *name) const { return control<QLabel>(name)->text(); }
     QStringList row(int r) const

@@ -1,4 +1,5 @@
 #include "excelexport.h"
+#include "findcontrol.h"
 #include "frmrptteachertt.h"
 #include "launcher.h"
 #include "reportschool.h"
@@ -23,10 +24,7 @@ private:
 
     template<typename T = QPushButton> T *control(const char *name) const
     {
-        T *found = m_form->findChild<T *>(QLatin1String(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_form.get(), name);
     }
     void click(const char *name) { QTest::mouseClick(control(name), Qt::LeftButton); }
     void chooseTeacher(int code)

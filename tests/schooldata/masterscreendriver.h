@@ -1,4 +1,5 @@
 #pragma once
+#include "findcontrol.h"
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -18,10 +19,7 @@ public:
     template<typename T = QWidget>
     T *control(const QString &name) const
     {
-        T *found = m_screen.findChild<T *>(name);
-        if (!found)
-            qFatal("no control %s", qPrintable(name));
-        return found;
+        return findControl<T>(&m_screen, name);
     }
 
     void click(const QString &button) const { QTest::mouseClick(control<QPushButton>(button), Qt::LeftButton); }

@@ -1,4 +1,5 @@
 #include "classdivisionstore.h"
+#include "findcontrol.h"
 #include "frmclasssectionentry.h"
 #include "scriptedmessages.h"
 #include "teststore.h"
@@ -53,10 +54,7 @@ private:
     template<typename T>
     T *find(const char *name) const
     {
-        T *control = m_form->findChild<T *>(QLatin1String(name));
-        if (!control)
-            qFatal("no control %s", name);
-        return control;
+        return findControl<T>(m_form, name);
     }
     QLineEdit *field(const char *name) const { return find<QLineEdit>(name); }
     QTableWidget *classes() const { return find<QTableWidget>("msgClassDetails"); }

@@ -1,4 +1,5 @@
 #include "frmschoolsetup.h"
+#include "findcontrol.h"
 #include "scriptedmessages.h"
 #include "session.h"
 #include "teststore.h"
@@ -47,10 +48,7 @@ private:
     template<typename T = QLineEdit>
     T *control(const char *name) const
     {
-        auto *found = m_screen->findChild<T *>(QString::fromLatin1(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_screen, name);
     }
     void click(const char *name) const { QTest::mouseClick(control<QPushButton>(name), Qt::LeftButton); }
     void type(const char *name, const QString &text) const

@@ -1,4 +1,5 @@
 #include "frmteachermaster.h"
+#include "findcontrol.h"
 #include "frmteachersearch.h"
 #include "optionaldateedit.h"
 #include "scriptedmessages.h"
@@ -43,10 +44,7 @@ private:
     template<typename T = QWidget>
     T *control(const QString &name) const
     {
-        T *found = m_screen->findChild<T *>(name);
-        if (!found)
-            qFatal("no control %s", qPrintable(name));
-        return found;
+        return findControl<T>(m_screen, name);
     }
     void click(const QString &button) const { QTest::mouseClick(control<QPushButton>(button), Qt::LeftButton); }
     void type(const QString &field, const QString &text) const

@@ -1,4 +1,5 @@
 #include "frmteachersearch.h"
+#include "findcontrol.h"
 #include "scriptedmessages.h"
 #include "teststore.h"
 
@@ -25,10 +26,7 @@ private:
     template<typename T = QWidget>
     T *control(const QString &name) const
     {
-        T *found = m_screen->findChild<T *>(name);
-        if (!found)
-            qFatal("no control %s", qPrintable(name));
-        return found;
+        return findControl<T>(m_screen, name);
     }
     QTableWidget *grid() const { return control<QTableWidget>(QStringLiteral("dgdDetails")); }
     void search() const { QTest::mouseClick(control<QPushButton>(QStringLiteral("cmdSearch")), Qt::LeftButton); }

@@ -1,4 +1,5 @@
 #include "frmblankperiods.h"
+#include "findcontrol.h"
 #include "frmmanualperiodsentry.h"
 #include "manualwidgets.h"
 #include "scriptedmessages.h"
@@ -43,10 +44,7 @@ private:
     template<typename T>
     T *control(const char *name) const
     {
-        T *found = m_form->findChild<T *>(QString::fromLatin1(name));
-        if (!found)
-            qFatal("no control %s", name);
-        return found;
+        return findControl<T>(m_form, name);
     }
     QTableWidget *grid(const char *name) const { return control<QTableWidget>(name); }
     QString label(const char *name) const { return control<QLabel>(name)->text(); }
