@@ -127,23 +127,25 @@ void frmAutoGenerationPhaseI::buildLayout()
 QWidget *frmAutoGenerationPhaseI::buildSettings()
 {
     auto *box = new QWidget(this);
+    // A name is typed or picked; only the names of the list are taken.
+    const auto nameCombo = [](QWidget *parent, const char *name) {
+        auto *combo = new QComboBox(parent);
+        combo->setObjectName(QString::fromLatin1(name));
+        combo->setEditable(true);
+        combo->setInsertPolicy(QComboBox::NoInsert);
+        return combo;
+    };
     m_frame3 = new QGroupBox(QStringLiteral("Teacher Setting - Teacher Free Periods"), box);
     m_frame3->setObjectName(QStringLiteral("Frame3"));
     m_msgTeacherDetails = grid(m_frame3, "msgTeacherDetails");
-    m_cboTeacher = new QComboBox(m_frame3);
-    m_cboTeacher->setObjectName(QStringLiteral("cboTeacher"));
-    m_cboTeacher->setEditable(true);
-    m_cboTeacher->setInsertPolicy(QComboBox::NoInsert);
+    m_cboTeacher = nameCombo(m_frame3, "cboTeacher");
     m_teachers = new SettingsGrid(m_msgTeacherDetails, m_cboTeacher, PhaseOneSettings::Kind::Teacher, TeacherDeadRow);
     (new QVBoxLayout(m_frame3))->addWidget(m_msgTeacherDetails);
 
     m_frame2 = new QGroupBox(QStringLiteral("Subject Setting - Subject Free Period"), box);
     m_frame2->setObjectName(QStringLiteral("Frame2"));
     m_msgSubjectDetails = grid(m_frame2, "msgSubjectDetails");
-    m_cboSubject = new QComboBox(m_frame2);
-    m_cboSubject->setObjectName(QStringLiteral("cboSubject"));
-    m_cboSubject->setEditable(true);
-    m_cboSubject->setInsertPolicy(QComboBox::NoInsert);
+    m_cboSubject = nameCombo(m_frame2, "cboSubject");
     m_subjects = new SettingsGrid(m_msgSubjectDetails, m_cboSubject, PhaseOneSettings::Kind::Subject, SubjectDeadRow);
     m_msgSubjectTeacherCheck = grid(m_frame2, "msgSubjectTeacherCheck");
     m_msgSubjectTeacherCheck->setColumnCount(3);
