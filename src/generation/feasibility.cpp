@@ -11,18 +11,25 @@ class Bounds
 public:
     Bounds(const CompletionModel &model, bool phaseOne) : m(model), s(model.snapshot()), cal(model.calendar()), phaseOne(phaseOne)
     {
-        for (int l = 0; l < m.lessons().size(); ++l)
+        for (int l = 0; l < m.lessons().size(); ++l) {
             groups[m.lessons()[l].group].append(l);
+            lessonsOfClass[m.lessons()[l].klass].append(l);
+        }
     }
 
     QStringList reasons(int lesson)
     {
         QStringList found;
         const CompletionModel::Lesson &l = m.lessons()[lesson];
-        const QString classText = classBound(l.klass);
+        // A class or teacher is judged once, however many of its allotments ask.
+        if (!classTexts.contains(l.klass))
+            classTexts.insert(l.klass, classBound(l.klass));
+        if (!teacherTexts.contains(l.teacher))
+            teacherTexts.insert(l.teacher, teacherBound(l.teacher));
+        const QString classText = classTexts.value(l.klass);
         if (!classText.isEmpty())
             found << classText;
-        const QString teacherText = teacherBound(l.teacher);
+        const QString teacherText = teacherTexts.value(l.teacher);
         if (!teacherText.isEmpty())
             found << teacherText;
         const QString groupText = slotBound(lesson);
@@ -94,9 +101,9 @@ private:
     QSet<int> ableTeachers(int klass, int day, int period) const
     {
         QSet<int> able;
-        for (const CompletionModel::Lesson &l : m.lessons())
-            if (l.klass == klass && ruleAllows(l, day, period))
-                able.insert(l.teacher);
+        for (int lesson : lessonsOfClass.value(klass))
+            if (ruleAllows(m.lessons()[lesson], day, period))
+                able.insert(m.lessons()[lesson].teacher);
         return able;
     }
 
@@ -259,6 +266,8 @@ private:
     const SchoolSnapshot &s;
     const SchoolCalendar &cal;
     QHash<int, QList<int>> groups;
+    QHash<int, QList<int>> lessonsOfClass;
+    QHash<int, QString> classTexts, teacherTexts;
     bool phaseOne; // the rows to place are Phase I rows, held to the "No" settings
 };
 
