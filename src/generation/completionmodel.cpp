@@ -209,16 +209,3 @@ void CompletionModel::unplace(int meeting)
     m.day = 0;
     m.period = 0;
 }
-
-int CompletionModel::lessonOnDay(int lesson, int day, int *period) const
-{
-    int count = 0;
-    for (int r : m_lessonRows[lesson]) {
-        if (m_rows[r].day == day) {
-            ++count;
-            if (period)
-                *period = m_rows[r].period;
-        }
-    }
-    return count;
-}

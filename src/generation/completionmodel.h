@@ -79,8 +79,6 @@ public:
     int teacherAt(int teacher, int slot) const { return m_teacherOcc[size_t(teacher) * m_slots + slot]; }
     void place(int meeting, int day, int period);
     void unplace(int meeting);
-    // Rows of the lesson on the day, and the period of the last of them.
-    int lessonOnDay(int lesson, int day, int *period = nullptr) const;
     // The lesson's placed rows.
     const QList<int> &lessonRows(int lesson) const { return m_lessonRows[lesson]; }
 
