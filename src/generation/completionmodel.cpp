@@ -18,6 +18,9 @@ CompletionModel::CompletionModel(const SchoolSnapshot &snapshot, const QList<Tim
 {
     const SchoolCalendar &cal = m_s.calendar;
     m_periods = qMax<int>(1, cal.periodsPerDay);
+    for (const TeacherRow &t : m_s.teachers)
+        if (!m_teacherNames.contains(t.code))
+            m_teacherNames.insert(t.code, t.name);
     m_slots = 7 * m_periods;
 
     // Lessons: the first allotment of each key, joined into groups by their combined group numbers.
@@ -128,6 +131,18 @@ int CompletionModel::ensureClass(int classCode, int division)
     m_classCodes.append({classCode, division});
     m_classIndex.insert(key, int(m_classCodes.size()) - 1);
     return int(m_classCodes.size()) - 1;
+}
+
+QString CompletionModel::className(int klass) const
+{
+    const auto [code, division] = m_classCodes.at(klass);
+    return m_s.classNames.value(code) + QLatin1Char(' ') + m_s.divisionNames.value(quint32(code) << 16 | quint32(division));
+}
+
+QString CompletionModel::teacherName(int teacher) const
+{
+    const int code = m_teacherCodes.at(teacher);
+    return m_teacherNames.value(code, QString::number(code));
 }
 
 bool CompletionModel::isUniform(const Row &row) const

@@ -65,6 +65,9 @@ public:
     int classCount() const { return int(m_classCodes.size()); }
     int teacherCode(int index) const { return m_teacherCodes.at(index); }
     QPair<int, int> classCode(int index) const { return m_classCodes.at(index); }
+    // "VI A", and the teacher's name, as the texts about them show them.
+    QString className(int klass) const;
+    QString teacherName(int teacher) const;
 
     // Generator rows are the ones the rules bind: Manual "1" or "2", not a uniform period.
     bool isUniform(const Row &row) const;
@@ -98,6 +101,7 @@ private:
     QList<QPair<int, int>> m_classCodes;
     QHash<int, int> m_teacherIndex;
     QHash<quint32, int> m_classIndex;
+    QHash<int, QString> m_teacherNames; // TeacherCode -> TeacherName
     std::vector<int> m_classOcc;
     std::vector<int> m_teacherOcc;
     std::vector<QList<int>> m_lessonRows; // live placed rows of each lesson

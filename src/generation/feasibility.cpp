@@ -39,19 +39,8 @@ public:
     }
 
 private:
-    QString className(int klass) const
-    {
-        const auto [code, division] = m.classCode(klass);
-        return s.classNames.value(code) + QLatin1Char(' ') + s.divisionNames.value(quint32(code) << 16 | quint32(division));
-    }
-    QString teacherName(int teacher) const
-    {
-        const int code = m.teacherCode(teacher);
-        for (const TeacherRow &t : s.teachers)
-            if (t.code == code)
-                return t.name;
-        return QString::number(code);
-    }
+    QString className(int klass) const { return m.className(klass); }
+    QString teacherName(int teacher) const { return m.teacherName(teacher); }
     QString subjectName(int lesson) const { return s.subjectNames.value(s.allotments[m.lessons()[lesson].allotment].subject); }
     int weekDays() const { return cal.noOfWorkingDays; }
 

@@ -157,6 +157,32 @@ void Placer::insertUniformRemainder(const WorkList &list)
     }
 }
 
+template<typename Passes, typename Insert, typename TriesLeft>
+bool Placer::firstPass(bool twice, int *remaining, Passes passes, Insert insert, TriesLeft triesLeft)
+{
+    for (int i = 0; i < m_cal.noOfWorkingDays; ++i) {
+        const int day = weekDay(m_cal, i);
+        // With two periods a day, the first of them sits at a period that every day has.
+        if (twice)
+            m_p = m_cal.periodsOnLastWorkingDay;
+        else
+            periodsOfDay(day);
+        for (int tries = 1;; ++tries) {
+            if (m_control.stop())
+                return false;
+            const int period = m_random.draw(m_p);
+            if (passes(day, period)) {
+                insert(day, period);
+                --*remaining;
+                break;
+            }
+            if (!triesLeft(tries))
+                break;
+        }
+    }
+    return true;
+}
+
 void Placer::insertGroupPeriods(const WorkList &list, int group)
 {
     m_p = 0;
@@ -165,28 +191,13 @@ void Placer::insertGroupPeriods(const WorkList &list, int group)
         int remaining = list.rows[unit.rows.first()].p2Insert;
         bool daily, twice;
         flags(remaining, &daily, &twice);
-        if (daily) {
-            for (int i = 0; i < m_cal.noOfWorkingDays; ++i) {
-                const int day = weekDay(m_cal, i);
-                // With two periods a day, the first of them sits at a period that every day has.
-                if (twice)
-                    m_p = m_cal.periodsOnLastWorkingDay;
-                else
-                    periodsOfDay(day);
-                for (int tries = 1;; ++tries) {
-                    if (m_control.stop())
-                        return;
-                    const int period = m_random.draw(m_p);
-                    if (phaseOneSlotPasses(list, unit, day, period, Pass::First, daily, twice)) {
-                        insertUnit(list, unit, day, period, false);
-                        --remaining;
-                        break;
-                    }
-                    if (tries >= 25)
-                        break;
-                }
-            }
-        }
+        if (daily
+            && !firstPass(
+                twice, &remaining,
+                [&](int day, int period) { return phaseOneSlotPasses(list, unit, day, period, Pass::First, daily, twice); },
+                [&](int day, int period) { insertUnit(list, unit, day, period, false); },
+                [](int tries) { return tries < 25; }))
+            return;
         for (int tries = 1; remaining > 0; ++tries) {
             if (m_control.stop())
                 return;
@@ -203,27 +214,13 @@ void Placer::placePhaseTwoRow(const WorkRow &row)
     int remaining = row.p2Insert;
     bool daily, twice;
     flags(remaining, &daily, &twice);
-    if (daily) {
-        for (int i = 0; i < m_cal.noOfWorkingDays; ++i) {
-            const int day = weekDay(m_cal, i);
-            if (twice)
-                m_p = m_cal.periodsOnLastWorkingDay;
-            else
-                periodsOfDay(day);
-            for (int tries = 1;; ++tries) {
-                if (m_control.stop())
-                    return;
-                const int period = m_random.draw(m_p);
-                if (phaseTwoSlotPasses(row, day, period, Pass::First, daily, twice)) {
-                    insertRow(row, day, period, "2");
-                    --remaining;
-                    break;
-                }
-                if (tries >= 3 * m_p)
-                    break;
-            }
-        }
-    }
+    if (daily
+        && !firstPass(
+            twice, &remaining,
+            [&](int day, int period) { return phaseTwoSlotPasses(row, day, period, Pass::First, daily, twice); },
+            [&](int day, int period) { insertRow(row, day, period, "2"); },
+            [this](int tries) { return tries < 3 * m_p; }))
+        return;
     const int limit = m_cal.periodsPerDay * m_cal.noOfWorkingDays * 10;
     for (int tries = 1; remaining > 0; ++tries) {
         if (m_control.stop())

@@ -57,6 +57,10 @@ private:
                             bool daily, bool twice) const;
     bool secondPeriodAllowed(quint64 key, int day, int period, bool daily, bool twice) const;
     bool phaseTwoSlotPasses(const WorkRow &row, int day, int period, Pass pass, bool daily, bool twice) const;
+    // The first pass: each working day in turn draws a period until one passes or the tries run out.
+    // False when a cancel stopped it.
+    template<typename Passes, typename Insert, typename TriesLeft>
+    bool firstPass(bool twice, int *remaining, Passes passes, Insert insert, TriesLeft triesLeft);
     bool randomAttempt(const WorkList &list, const WorkUnit &unit, bool daily, bool twice);
     void insertUnit(const WorkList &list, const WorkUnit &unit, int day, int period, bool ownPeriods);
     void insertRow(const WorkRow &row, int day, int period, const char *manual);
