@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PACKAGES=(cmake ninja-build g++ ccache pkg-config qt6-base-dev libqt6sql6-sqlite libxlsxwriter-dev
-          libsqlite3-dev xvfb xauth poppler-utils unzip)
+          libsqlite3-dev libsodium-dev xvfb xauth poppler-utils unzip)
 
 install_missing() {
     local missing=()

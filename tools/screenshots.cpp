@@ -1,13 +1,8 @@
-#include "allotmentscreens.h"
+#include "appscreens.h"
 #include "frmcombinedclassentry.h"
-#include "frmhelp.h"
 #include "frmteachermaster.h"
-#include "generationscreens.h"
 #include "mainmenu.h"
 #include "sampleschool.h"
-#include "reportscreens.h"
-#include "schooldatascreens.h"
-#include "timetablescreens.h"
 #include "frmstartlogin.h"
 #include "mditimetable.h"
 #include "messageservice.h"
@@ -15,6 +10,7 @@
 #include "shell.h"
 #include "sql.h"
 #include "store.h"
+#include "usermaster.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -64,20 +60,7 @@ void setUpSchool(const QString &folder)
     {
         const QSqlDatabase db = Store::open(StoreFile::Main, folder, connection);
         SampleSchool::build(db, SampleSchool::Size::Medium);
-        const Sql sql(db);
-        sql.run(QStringLiteral("INSERT INTO UserMaster VALUES (1, 'Office Head', 0)"));
-        sql.run(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (1, 'head', 'head', 'N', 0)"));
-        QStringList forms = {QStringLiteral("Masters"), QStringLiteral("TimeTableEntry"), QStringLiteral("Reports"),
-                             QStringLiteral("Utilities"), QStringLiteral("TimeTableUtility")};
-        for (const MenuEntry &entry : MainMenu::entries())
-            if (QByteArray(entry.opens).startsWith("frm"))
-                forms << QString::fromLatin1(entry.opens);
-        for (const QString &form : forms) {
-            sql.run(QStringLiteral("INSERT INTO UserPrivilegeDetails VALUES (?, 'D', 1)"), {form});
-            for (const char *button : {"N", "E", "X"})
-                sql.run(QStringLiteral("INSERT INTO UserPrivilegeDetails VALUES (?, ?, 1)"),
-                        {form, QString::fromLatin1(button)});
-        }
+        addUserWithLogin(db, QStringLiteral("Office Head"), QStringLiteral("head"), QStringLiteral("head"), true);
     }
     Store::close(connection);
 }
@@ -215,12 +198,7 @@ int main(int argc, char *argv[])
 
     QuietMessages messages;
     ScreenRegistry registry;
-    registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
-    registerSchoolDataScreens(registry);
-    registerAllotmentScreens(registry);
-    registerTimetableScreens(registry);
-    registerGenerationScreens(registry);
-    registerReportScreens(registry);
+    registerAllScreens(registry);
     Shell shell(registry, messages, data.path());
     shell.start();
     waitFor([&] { return shell.loginScreen() != nullptr; });

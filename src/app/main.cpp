@@ -1,30 +1,13 @@
+#include "appscreens.h"
 #include "apppaths.h"
 #include "dialogmessageservice.h"
-#include "allotmentscreens.h"
-#include "frmhelp.h"
-#include "generationscreens.h"
-#include "reportscreens.h"
-#include "schooldatascreens.h"
 #include "screenregistry.h"
 #include "shell.h"
-#include "timetablescreens.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QLockFile>
 #include <QStandardPaths>
-
-namespace {
-void registerScreens(ScreenRegistry &registry)
-{
-    registry.addScreen(QStringLiteral("frmHelp"), [](AppContext &ctx) { return new frmHelp(ctx); });
-    registerSchoolDataScreens(registry);
-    registerAllotmentScreens(registry);
-    registerTimetableScreens(registry);
-    registerGenerationScreens(registry);
-    registerReportScreens(registry);
-}
-}
 
 int main(int argc, char *argv[])
 {
@@ -44,7 +27,7 @@ int main(int argc, char *argv[])
     }
 
     ScreenRegistry registry;
-    registerScreens(registry);
+    registerAllScreens(registry);
     Shell shell(registry, messages, AppPaths::dataFolder());
     QObject::connect(&shell, &Shell::finished, &app, [] { QCoreApplication::exit(0); });
     shell.start();

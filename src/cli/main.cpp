@@ -7,6 +7,7 @@
 #include "sql.h"
 #include "store.h"
 #include "storeerror.h"
+#include "usercommands.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -233,7 +234,10 @@ int main(int argc, char *argv[])
         "  generate  Phase I, Phase II, then Fix Balance Periods while periods stay open\n"
         "  pending   list the periods still open\n"
         "  complete  place the current phase's open periods by moving generated ones (--time-limit)\n"
-        "  check     list every break of the placement rules in the timetable"));
+        "  check     list every break of the placement rules in the timetable\n"
+        "  user add NAME --login ID [--all-privileges]\n"
+        "            add a user with a login; the password is read from standard input\n"
+        "  user list list the users, their logins and how many privileges each holds"));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("one of the commands above"));
     const QCommandLineOption folder({QStringLiteral("f"), QStringLiteral("folder"), QStringLiteral("data")},
@@ -257,14 +261,19 @@ int main(int argc, char *argv[])
     const QCommandLineOption timeLimit(QStringLiteral("time-limit"),
                                        QStringLiteral("Seconds a completion may search (default 10)."),
                                        QStringLiteral("s"), QStringLiteral("10"));
-    parser.addOptions({folder, size, seed, uniform, presses, cap, completeOption, timeLimit});
+    const QCommandLineOption login(QStringLiteral("login"), QStringLiteral("user add: the login ID."),
+                                   QStringLiteral("id"));
+    const QCommandLineOption allPrivileges(QStringLiteral("all-privileges"),
+                                           QStringLiteral("user add: grant every screen and button."));
+    parser.addOptions({folder, size, seed, uniform, presses, cap, completeOption, timeLimit, login, allPrivileges});
     parser.process(app);
     const QStringList args = parser.positionalArguments();
     const QStringList commands = {QStringLiteral("init"), QStringLiteral("status"), QStringLiteral("sample"),
                                   QStringLiteral("phase1"), QStringLiteral("phase2"), QStringLiteral("fix"),
                                   QStringLiteral("generate"), QStringLiteral("pending"), QStringLiteral("complete"),
-                                  QStringLiteral("check")};
-    if (args.size() != 1 || !commands.contains(args.first())) {
+                                  QStringLiteral("check"), QStringLiteral("user")};
+    const bool userCommand = !args.isEmpty() && args.first() == QLatin1String("user");
+    if (args.isEmpty() || !commands.contains(args.first()) || (args.size() != 1 && !userCommand)) {
         err << parser.helpText();
         return 2;
     }
@@ -336,6 +345,9 @@ int main(int argc, char *argv[])
             }
         } else if (command == QLatin1String("check")) {
             code = checkRules(db);
+        } else if (userCommand) {
+            QTextStream in(stdin);
+            code = runUserCommand(db, args, parser.value(login), parser.isSet(allPrivileges), in, out, err);
         } else if (command == QLatin1String("init")) {
             out << "Store ready in " << QDir::toNativeSeparators(dataFolder) << '\n';
         } else {

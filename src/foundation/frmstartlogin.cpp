@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 frmStartLogin::frmStartLogin(AppContext &ctx, QWidget *parent)
     : QWidget(parent), m_ctx(ctx)
@@ -68,22 +69,25 @@ QPushButton *frmStartLogin::imageButton(const QString &name, const QString &capt
     return button;
 }
 
+bool loginFieldsFilled(MessageService &messages, QLineEdit *loginId, QLineEdit *password)
+{
+    for (const auto &[field, text] : {std::pair{loginId, "Enter Login ID"}, std::pair{password, "Enter Password"}}) {
+        if (field->text().trimmed().isEmpty()) {
+            messages.information(QString::fromLatin1(text));
+            field->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
 void frmStartLogin::ok()
 {
+    if (!loginFieldsFilled(*m_ctx.messages, m_txtLoginID, m_txtPassword))
+        return;
     const QString login = m_txtLoginID->text().trimmed();
     const QString password = m_txtPassword->text().trimmed();
-    if (login.isEmpty()) {
-        m_ctx.messages->information(QStringLiteral("Enter Login ID"));
-        m_txtLoginID->setFocus();
-        return;
-    }
-    if (password.isEmpty()) {
-        m_ctx.messages->information(QStringLiteral("Enter Password"));
-        m_txtPassword->setFocus();
-        return;
-    }
     m_ctx.session.loginId = login;
-    m_ctx.session.password = password;
     LoginResult result;
     try {
         result = checkLogin(m_ctx.db(), login, password);

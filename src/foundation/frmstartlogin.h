@@ -1,9 +1,14 @@
 #pragma once
 #include <QWidget>
 
+class MessageService;
 class QLineEdit;
 class QPushButton;
 struct AppContext;
+
+// The blank checks the login and unlock screens share: "Enter Login ID", then "Enter Password", each with the
+// focus on its field. True when both hold more than blanks.
+bool loginFieldsFilled(MessageService &messages, QLineEdit *loginId, QLineEdit *password);
 
 // The login at start: a known pair logs in; while no login exists at all any pair is let in, so that the
 // first user can be made.

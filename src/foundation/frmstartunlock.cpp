@@ -1,4 +1,6 @@
 #include "frmstartunlock.h"
+#include "frmstartlogin.h"
+#include "login.h"
 #include "messageservice.h"
 #include "privileges.h"
 #include "screen.h"
@@ -50,28 +52,19 @@ frmStartUnlock::frmStartUnlock(AppContext &ctx, QWidget *parent)
 
 void frmStartUnlock::ok()
 {
+    if (!loginFieldsFilled(*m_ctx.messages, m_txtLoginID, m_txtPassword))
+        return;
     const QString login = m_txtLoginID->text().trimmed();
     const QString password = m_txtPassword->text().trimmed();
-    if (login.isEmpty()) {
-        m_ctx.messages->information(QStringLiteral("Enter Login ID"));
-        m_txtLoginID->setFocus();
-        return;
-    }
-    if (password.isEmpty()) {
-        m_ctx.messages->information(QStringLiteral("Enter Password"));
-        m_txtPassword->setFocus();
-        return;
-    }
-    bool noLogins = false;
+    bool matches = false;
     try {
-        noLogins = Privileges::noLoginsExist(m_ctx.db());
+        // The same hash as the login checks; while no login exists at all, any pair unlocks.
+        matches = Privileges::noLoginsExist(m_ctx.db()) || isLoginOf(m_ctx.db(), m_ctx.session.userCode, login, password);
     } catch (const StoreError &error) {
         m_ctx.messages->critical(error.text());
         return;
     }
-    const bool matches = login.compare(m_ctx.session.loginId, Qt::CaseInsensitive) == 0
-        && password.compare(m_ctx.session.password, Qt::CaseInsensitive) == 0;
-    if (!noLogins && !matches) {
+    if (!matches) {
         m_ctx.messages->information(QStringLiteral("Enter Correct Login ID / Password"));
         m_txtLoginID->clear();
         m_txtPassword->clear();

@@ -1,4 +1,5 @@
 #include "login.h"
+#include "passwordhash.h"
 #include "privileges.h"
 #include "sql.h"
 
@@ -9,21 +10,29 @@ LoginResult checkLogin(const QSqlDatabase &db, const QString &loginId, const QSt
         result.outcome = LoginResult::Outcome::NoLoginsYet;
         return result;
     }
-    // Both columns compare without case, as the store always has: "ADMIN"/"Secret" matches "admin"/"secret".
-    const QString pairQuery = QStringLiteral(
-        "SELECT m.UserCode, u.UserName FROM UserPrivilegeMaster m "
-        "JOIN UserMaster u ON u.UserCode = m.UserCode "
-        "WHERE m.LoginId = ? AND m.Password = ?");
-    const Sql sql(db);
-    if (!sql.exists(pairQuery, {loginId, password}))
-        return result;
-    QSqlQuery unblocked = sql.run(pairQuery + QStringLiteral(" AND m.Block = 'N'"), {loginId, password});
-    if (!unblocked.next()) {
-        result.outcome = LoginResult::Outcome::Blocked;
+    // LoginId is a NOCASE column: "ADMIN" finds "admin". The password is checked here, against each hash.
+    QSqlQuery rows = Sql(db).run(QStringLiteral("SELECT m.UserCode, u.UserName, m.Password, m.Block "
+                                                "FROM UserPrivilegeMaster m JOIN UserMaster u ON u.UserCode = m.UserCode "
+                                                "WHERE m.LoginId = ? ORDER BY m.UserCode"),
+                                 {loginId});
+    while (rows.next()) {
+        if (!PasswordHash::verify(rows.value(2).toString(), password))
+            continue;
+        if (rows.value(3).toString().compare(QLatin1String("N"), Qt::CaseInsensitive) != 0) {
+            result.outcome = LoginResult::Outcome::Blocked;
+            continue;
+        }
+        result.outcome = LoginResult::Outcome::Accepted;
+        result.userCode = rows.value(0).toInt();
+        result.userName = rows.value(1).toString();
         return result;
     }
-    result.outcome = LoginResult::Outcome::Accepted;
-    result.userCode = unblocked.value(0).toInt();
-    result.userName = unblocked.value(1).toString();
     return result;
+}
+
+bool isLoginOf(const QSqlDatabase &db, int userCode, const QString &loginId, const QString &password)
+{
+    const LoginResult result = checkLogin(db, loginId, password);
+    // A session that began before any login existed belongs to whoever holds a login now.
+    return result.outcome == LoginResult::Outcome::Accepted && (userCode == 0 || result.userCode == userCode);
 }

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QSettings>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -104,6 +105,8 @@ void mdiTimeTable::applyPrivileges(bool noLoginsExist, const QStringList &displa
         for (const QString &form : displayGrants)
             enable << QStringLiteral("mnu") + form;
     }
+    for (QMenu *menu : menuBar()->findChildren<QMenu *>())
+        menu->setToolTipsVisible(true);
     // Entry names compare without case: a privilege row may spell a form name with other capitals.
     for (const MenuEntry &entry : MainMenu::entries()) {
         const QString name = QString::fromLatin1(entry.name);
@@ -113,8 +116,19 @@ void mdiTimeTable::applyPrivileges(bool noLoginsExist, const QStringList &displa
         const bool granted = std::any_of(enable.cbegin(), enable.cend(), [&](const QString &key) {
             return key.compare(name, Qt::CaseInsensitive) == 0;
         });
-        action->setEnabled(entry.enabled || granted);
+        const QString opens = QString::fromLatin1(entry.opens);
+        // An entry whose screen is still to come says so, rather than opening nothing.
+        const bool available = opens.isEmpty() || canOpen(opens);
+        action->setEnabled((entry.enabled || granted) && available);
+        action->setToolTip(available ? QString() : QStringLiteral("Not available yet: this screen comes in a later version"));
     }
+}
+
+bool mdiTimeTable::canOpen(const QString &opens) const
+{
+    static const QStringList BuiltIn = {QStringLiteral("mnuLock"), QStringLiteral("mnuClose"),
+                                        QStringLiteral("frmAboutUs")};
+    return BuiltIn.contains(opens, Qt::CaseInsensitive) || m_registry.screen(opens) || m_registry.command(opens);
 }
 
 void mdiTimeTable::activate()
@@ -161,6 +175,40 @@ void mdiTimeTable::openScreen(const QString &formName)
     } catch (const StoreError &error) {
         m_ctx.messages->critical(error.text());
     }
+}
+
+void mdiTimeTable::restartProgram()
+{
+    m_tmrTimer->stop();
+    rememberGeometry();
+    try {
+        RunStatus::markStopped(m_ctx.db());
+    } catch (const StoreError &error) {
+        m_ctx.messages->critical(error.text());
+    }
+    emit restartRequested();
+}
+
+namespace {
+QSettings windowSettings()
+{
+    return QSettings(QStringLiteral("Zarlo-TimeTable"), QStringLiteral("Zarlo-TimeTable"));
+}
+}
+
+void mdiTimeTable::showAsLeft()
+{
+    const QByteArray geometry = windowSettings().value(QStringLiteral("mainWindow/geometry")).toByteArray();
+    if (geometry.isEmpty() || !restoreGeometry(geometry)) {
+        showMaximized();
+        return;
+    }
+    show();
+}
+
+void mdiTimeTable::rememberGeometry() const
+{
+    windowSettings().setValue(QStringLiteral("mainWindow/geometry"), saveGeometry());
 }
 
 void mdiTimeTable::openManualPeriodsEntry()
@@ -310,6 +358,7 @@ void mdiTimeTable::closeProgram()
     if (!m_ctx.messages->question(QStringLiteral("Do You Want To Close 'Zarlo-TimeTable' ?")))
         return;
     m_tmrTimer->stop();
+    rememberGeometry();
     try {
         RunStatus::markStopped(m_ctx.db());
     } catch (const StoreError &error) {

@@ -27,6 +27,11 @@ public:
     void activate();
 
     void openScreen(const QString &formName) override;
+    void restartProgram() override;
+    // Shows the window as the user left it last time, or maximised on the first start.
+    void showAsLeft();
+    // True when the menu can open `opens` (a form name or a command key) in this build of the program.
+    bool canOpen(const QString &opens) const;
     // True when a child screen is open (About Us does not count).
     bool OtherChildOpen() const;
     void RestoreBackground();
@@ -39,6 +44,8 @@ public:
 signals:
     // The program must end now (after Close, or when the load failed, or from the lock screen).
     void programEnded();
+    // The session ends and the login comes back (after the first login is made, for one).
+    void restartRequested();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -52,6 +59,7 @@ private:
     void childClosed(QObject *gone, bool exclusive, bool hidStatusBar);
     void setTopMenusVisible(bool visible);
     void setBackground(bool childOpen);
+    void rememberGeometry() const;
 
     AppContext &m_ctx;
     const ScreenRegistry &m_registry;

@@ -11,6 +11,8 @@ class ScreenHost
 public:
     virtual ~ScreenHost() = default;
     virtual void openScreen(const QString &formName) = 0;
+    // Ends this user's session and goes back to the login, as a new start of the program would.
+    virtual void restartProgram() {}
 };
 
 // The run-wide values of one run of the program: who is logged in, the school's calendar, the options flag.
@@ -18,7 +20,6 @@ struct Session
 {
     int userCode = 0;
     QString loginId;
-    QString password;
     QString userName;
     bool confirmExit = false;        // the Options value: ask before a screen closes
     bool exclusiveScreenOpen = false; // School Setup or the backup screen is open

@@ -21,6 +21,7 @@ Shell::Shell(const ScreenRegistry &registry, MessageService &messages, const QSt
 
 Shell::~Shell()
 {
+    delete m_retired.data();
     m_main.reset();
     m_login.reset();
     m_splash.reset();
@@ -59,12 +60,17 @@ void Shell::connectStores()
         return; // the program stays on the splash, as it always has
     }
     m_connected = true;
+    showLogin();
+    m_splash->hide();
+    m_splash.release()->deleteLater();
+}
+
+void Shell::showLogin()
+{
     m_login = std::make_unique<frmStartLogin>(m_ctx);
     connect(m_login.get(), &frmStartLogin::loggedIn, this, &Shell::loggedIn);
     connect(m_login.get(), &frmStartLogin::programEnded, this, &Shell::end);
     m_login->show();
-    m_splash->hide();
-    m_splash.release()->deleteLater();
 }
 
 void Shell::loggedIn(bool noLoginsExist)
@@ -72,6 +78,7 @@ void Shell::loggedIn(bool noLoginsExist)
     m_main = std::make_unique<mdiTimeTable>(m_ctx, m_registry);
     m_ctx.host = m_main.get();
     connect(m_main.get(), &mdiTimeTable::programEnded, this, &Shell::end);
+    connect(m_main.get(), &mdiTimeTable::restartRequested, this, &Shell::restart);
     if (!m_main->load())
         return;
     QStringList grants;
@@ -83,11 +90,22 @@ void Shell::loggedIn(bool noLoginsExist)
         }
     }
     m_main->applyPrivileges(noLoginsExist, grants);
-    m_main->showMaximized();
+    m_main->showAsLeft();
     m_login->hide();
     m_login.release()->deleteLater();
     // The activation runs once the window is up, so that School Setup can open above it.
     QTimer::singleShot(0, m_main.get(), &mdiTimeTable::activate);
+}
+
+// The main window goes with its screens and the login comes back, with a session as fresh as at start.
+void Shell::restart()
+{
+    m_ctx.host = nullptr;
+    m_main->hide();
+    m_retired = m_main.release();
+    m_retired->deleteLater(); // a screen of it asked for this, and is still on the stack
+    m_ctx.session = Session();
+    showLogin();
 }
 
 void Shell::end()

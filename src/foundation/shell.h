@@ -2,6 +2,7 @@
 #include "session.h"
 
 #include <QObject>
+#include <QPointer>
 #include <memory>
 
 class frmSplash;
@@ -34,7 +35,9 @@ signals:
 private:
     void movieCommand(const QString &command, const QString &argument);
     void connectStores();
+    void showLogin();
     void loggedIn(bool noLoginsExist);
+    void restart();
     void end();
 
     const ScreenRegistry &m_registry;
@@ -42,5 +45,6 @@ private:
     std::unique_ptr<frmSplash> m_splash;
     std::unique_ptr<frmStartLogin> m_login;
     std::unique_ptr<mdiTimeTable> m_main;
+    QPointer<mdiTimeTable> m_retired; // the window of a session that ended, until its deferred delete
     bool m_connected = false;
 };

@@ -8,7 +8,7 @@ ReferenceMasterScreen::ReferenceMasterScreen(AppContext &ctx, const ReferenceKin
                                              const ReferenceScreenSetup &setup, QWidget *parent)
     : MasterScreen(ctx,
                    {setup.formName, setup.caption, setup.helpScreenNo, QStringLiteral("dgdDetails"),
-                    {setup.heading, kind.codeColumn}, 1, 0, setup.searchName, setup.searchCaption, setup.limit,
+                    {setup.heading, setup.codeHeading.isEmpty() ? kind.codeColumn : setup.codeHeading}, 1, 0, setup.searchName, setup.searchCaption, setup.limit,
                     kind.notFound, kind.deleteQuestion},
                    parent),
       m_kind(kind)
@@ -22,7 +22,7 @@ ReferenceMasterScreen::ReferenceMasterScreen(AppContext &ctx, const ReferenceKin
 
 ReferenceMasterService ReferenceMasterScreen::service() const
 {
-    return ReferenceMasterService(m_ctx.db(), m_kind);
+    return ReferenceMasterService(m_ctx.db(), m_kind, m_ctx.session.userCode);
 }
 
 QList<QStringList> ReferenceMasterScreen::findRows(const QString &text) const

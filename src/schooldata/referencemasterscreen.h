@@ -14,6 +14,7 @@ struct ReferenceScreenSetup
     QString searchName;
     QString searchCaption;
     QString heading; // the grid's name column
+    QString codeHeading = {}; // the grid's hidden code column, when not named as the table's
 };
 
 // A master of one name per row (states, blood groups, salutations). Each such screen is a class of its own,

@@ -91,8 +91,13 @@ SaveResult ReferenceMasterService::save(int code, const QString &name) const
         return SaveResult::done(m_kind.updated, code);
     }
     const int newCode = NextCode(m_db, m_kind.table, m_kind.codeColumn);
-    sql.run(QStringLiteral("INSERT INTO %1 (%2, %3) VALUES (?, ?)").arg(table(), codeColumn, nameColumn),
-            {newCode, wanted});
+    if (m_kind.makerColumn.isEmpty())
+        sql.run(QStringLiteral("INSERT INTO %1 (%2, %3) VALUES (?, ?)").arg(table(), codeColumn, nameColumn),
+                {newCode, wanted});
+    else
+        sql.run(QStringLiteral("INSERT INTO %1 (%2, %3, %4) VALUES (?, ?, ?)")
+                    .arg(table(), codeColumn, nameColumn, Sql::identifier(m_kind.makerColumn)),
+                {newCode, wanted, m_makerCode});
     transaction.commit();
     return SaveResult::done(m_kind.saved, newCode);
 }

@@ -20,6 +20,7 @@ struct ReferenceKind
     QString saved;
     QString notFound;
     QString deleteQuestion;
+    QString makerColumn = {}; // a column that records the user who made the row, where the table has one
 
     static const ReferenceKind &state();
     static const ReferenceKind &bloodGroup();
@@ -36,7 +37,9 @@ struct ReferenceRow
 class ReferenceMasterService
 {
 public:
-    ReferenceMasterService(const QSqlDatabase &db, const ReferenceKind &kind) : m_db(db), m_kind(kind) {}
+    // `makerCode` is the user at work, written into the kind's maker column of a new row.
+    ReferenceMasterService(const QSqlDatabase &db, const ReferenceKind &kind, int makerCode = 0)
+        : m_db(db), m_kind(kind), m_makerCode(makerCode) {}
 
     // Rows with a code above 0 whose name holds `text`, by name.
     QList<ReferenceRow> search(const QString &text) const;
@@ -51,4 +54,5 @@ private:
     QString table() const;
     QSqlDatabase m_db;
     const ReferenceKind &m_kind;
+    int m_makerCode = 0;
 };

@@ -3,6 +3,7 @@
 #include "frmstartunlock.h"
 #include "mainmenu.h"
 #include "mditimetable.h"
+#include "passwordhash.h"
 #include "scriptedmessages.h"
 #include "screenregistry.h"
 #include "shell.h"
@@ -41,7 +42,8 @@ ScreenRegistry fakeRegistry()
     registry.addExclusiveScreen(QStringLiteral("frmSchoolSetup"),
                                 [](AppContext &) { return fakeScreen(QStringLiteral("School Setup")); },
                                 QStringLiteral("Close All Other Windows"));
-    for (const char *name : {"frmStateMaster", "frmManualPeriodsEntry", "frmBlankPeriods"})
+    for (const char *name : {"frmStateMaster", "frmManualPeriodsEntry", "frmBlankPeriods", "frmUtilUserMaster",
+                             "frmUtilUserPrivilegeMaster", "frmrptWorkAllotmentNonTalliedclasses"})
         registry.addScreen(QString::fromLatin1(name),
                            [name](AppContext &) { return fakeScreen(QString::fromLatin1(name)); });
     return registry;
@@ -112,7 +114,7 @@ private slots:
     void menuEnablingAtLogin()
     {
         TestStore store;
-        ScreenRegistry registry;
+        const ScreenRegistry registry = fakeRegistry();
         mdiTimeTable window(store.context(), registry);
         const auto enabled = [&](const char *name) {
             return window.menuBar()->findChild<QAction *>(QString::fromLatin1(name))->isEnabled();
@@ -132,6 +134,13 @@ private slots:
         QVERIFY(enabled("mnufrmrptWorkAllotmentNonTalliedClasses"));
         QVERIFY(enabled("mnufrmStateMaster"));
         QVERIFY(!enabled("mnufrmCityMaster"));
+        // A granted entry whose screen is still to come stays off and says why.
+        window.applyPrivileges(false, {QStringLiteral("Masters"), QStringLiteral("frmCityMaster")});
+        auto *city = window.menuBar()->findChild<QAction *>(QStringLiteral("mnufrmCityMaster"));
+        QVERIFY(!city->isEnabled());
+        QVERIFY(city->toolTip().startsWith(QStringLiteral("Not available yet")));
+        QVERIFY(!window.menuBar()->findChild<QAction *>(QStringLiteral("mnufrmStateMaster"))->toolTip().startsWith(
+            QStringLiteral("Not available yet")));
         QVERIFY(!enabled("mnufrmUtilUserMaster"));
         QVERIFY(enabled("mnuUtilities")); // enabled from the start, whatever the user holds
     }
@@ -303,9 +312,11 @@ private slots:
         QCOMPARE(in.takeFirst().at(0).toBool(), true);
 
         store.exec(QStringLiteral("INSERT INTO UserMaster VALUES (1, 'Office Head', 0)"));
-        store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (1, 'head', 'pw', 'N', 0)"));
+        store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (1, 'head', ?, 'N', 0)"),
+                   {PasswordHash::make(QStringLiteral("pw"))});
         store.exec(QStringLiteral("INSERT INTO UserMaster VALUES (2, 'Clerk', 0)"));
-        store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (2, 'clerk', 'pw', 'Y', 0)"));
+        store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (2, 'clerk', ?, 'Y', 0)"),
+                   {PasswordHash::make(QStringLiteral("pw"))});
         messages.expectInformation(QStringLiteral("Enter Correct Login ID And Password"));
         QTest::mouseClick(ok, Qt::LeftButton);
         QVERIFY(id->text().isEmpty() && password->text().isEmpty());
@@ -337,9 +348,10 @@ private slots:
         store.setMessages(messages);
         AppContext &ctx = store.context();
         store.exec(QStringLiteral("INSERT INTO UserMaster VALUES (1, 'Office Head', 0)"));
-        store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (1, 'head', 'Secret', 'N', 0)"));
+        store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (1, 'head', ?, 'N', 0)"),
+                   {PasswordHash::make(QStringLiteral("Secret"))});
         ctx.session.loginId = QStringLiteral("head");
-        ctx.session.password = QStringLiteral("Secret");
+        ctx.session.userCode = 1;
 
         auto *lock = new frmStartLock(ctx);
         QSignalSpy unlocked(lock, &frmStartLock::unlocked);
@@ -363,9 +375,14 @@ private slots:
         QTest::mouseClick(ok, Qt::LeftButton);
         QVERIFY(id->text().isEmpty());
         QCOMPARE(unlocked.count(), 0);
-        // Compared without case with what was typed at login.
+        // The login id compares without case, the password exactly, against the same hash as the login.
+        messages.expectInformation(QStringLiteral("Enter Correct Login ID / Password"));
         id->setText(QStringLiteral("HEAD"));
         password->setText(QStringLiteral("secret"));
+        QTest::mouseClick(ok, Qt::LeftButton);
+        QCOMPARE(unlocked.count(), 0);
+        id->setText(QStringLiteral("HEAD"));
+        password->setText(QStringLiteral("Secret"));
         QTest::mouseClick(ok, Qt::LeftButton);
         QCOMPARE(unlocked.count(), 1);
         QTRY_VERIFY(!lock->isVisible());

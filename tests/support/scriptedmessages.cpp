@@ -49,7 +49,7 @@ bool ScriptedMessages::take(Kind kind, const QString &text, const QString &title
         return false;
     }
     const Expected next = m_expected.takeFirst();
-    const bool anyText = kind == Kind::Critical && next.text.isEmpty();
+    const bool anyText = next.text.isEmpty();
     if (next.kind != kind || (!anyText && next.text != text)) {
         m_failures << QStringLiteral("expected %1 \"%2\", got %3 \"%4\"")
                           .arg(QLatin1String(kindName(next.kind)), next.text, QLatin1String(kindName(kind)), text);

@@ -19,9 +19,9 @@ public:
         QString text;
     };
 
-    ScriptedMessages &expectInformation(const QString &text);
+    ScriptedMessages &expectInformation(const QString &text); // empty: any text
     ScriptedMessages &expectCritical(const QString &text = {}); // empty: any text
-    ScriptedMessages &expectQuestion(const QString &text, bool answer);
+    ScriptedMessages &expectQuestion(const QString &text, bool answer); // empty: any text
     ScriptedMessages &expectOkCancel(const QString &text, bool answer);
 
     void information(const QString &text, const QString &title) override;
