@@ -17,6 +17,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
@@ -50,6 +53,26 @@ void save(QWidget *widget, const QString &folder, const QString &name)
 {
     QApplication::processEvents();
     widget->grab().save(QDir(folder).filePath(name));
+    QTextStream(stdout) << QDir(folder).filePath(name) << '\n';
+}
+
+// The window with one of its menus dropped down: the menu is a window of its own, painted over the grab.
+void saveWithMenu(QMainWindow *main, const char *menuName, const QString &folder, const QString &name)
+{
+    auto *menu = main->menuBar()->findChild<QMenu *>(QString::fromLatin1(menuName));
+    if (!menu)
+        return;
+    const QRect item = main->menuBar()->actionGeometry(menu->menuAction());
+    QApplication::processEvents();
+    QPixmap shot = main->grab();
+    menu->popup(main->menuBar()->mapToGlobal(item.bottomLeft()));
+    QApplication::processEvents();
+    {
+        QPainter painter(&shot);
+        painter.drawPixmap(main->mapFromGlobal(menu->pos()), menu->grab());
+    }
+    menu->hide();
+    shot.save(QDir(folder).filePath(name));
     QTextStream(stdout) << QDir(folder).filePath(name) << '\n';
 }
 
@@ -213,7 +236,21 @@ int main(int argc, char *argv[])
     main->showNormal();
     main->resize(1100, 720);
     waitFor([&] { return main->isVisible(); });
-    save(main, docs, QStringLiteral("main-window.png"));
+    saveWithMenu(main, "mnuTimeTableEntry", docs, QStringLiteral("main-window.png"));
+
+    // A user's login and privileges shown back in the tree.
+    if (QWidget *privileges = openChild<QWidget>(main, QStringLiteral("frmUtilUserPrivilegeMaster"))) {
+        press(privileges, "cmdEdit");
+        auto *user = privileges->findChild<QComboBox *>(QStringLiteral("dbcUserName"));
+        user->setCurrentIndex(user->findText(QStringLiteral("Office Head")));
+        emit user->activated(user->currentIndex());
+        if (QMdiSubWindow *frame = frameOf(privileges)) {
+            frame->resize(frame->width(), main->findChild<QMdiArea *>()->viewport()->height() - 24);
+            frame->move(frame->x(), 12);
+        }
+    }
+    save(main, docs, QStringLiteral("user-privileges.png"));
+    closeChildren(main);
 
     // The week, generated through the generation screens as the office would: Phase I with its settings,
     // Phase II, then Fix Balance Periods while periods stay open (at most three presses, as ttcli generate).

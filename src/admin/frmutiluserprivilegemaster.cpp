@@ -107,6 +107,7 @@ QWidget *frmUtilUserPrivilegeMaster::buildLoginFrame()
     m_cmdAddUserName->setObjectName(QStringLiteral("cmdAddUserName"));
     m_cmdAddUserName->setToolTip(QStringLiteral("User Master"));
     m_cmdAddUserName->setFocusPolicy(Qt::NoFocus);
+    m_cmdAddUserName->setFixedWidth(32);
     m_txtLoginID = new QLineEdit(m_Frame1);
     m_txtLoginID->setObjectName(QStringLiteral("txtLoginID"));
     m_txtPassword = new QLineEdit(m_Frame1);
