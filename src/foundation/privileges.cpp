@@ -74,7 +74,9 @@ QStringList displayGrants(const QSqlDatabase &db, int userCode)
 
 bool CheckPrivilege(AppContext &ctx, const QString &formName, QChar button)
 {
-    const bool allowed = Privileges::granted(ctx.db(), ctx.session.userCode, formName, button);
+    // A session that began before the first login keeps its open access until the program starts again.
+    const bool allowed =
+        ctx.session.openAccess || Privileges::granted(ctx.db(), ctx.session.userCode, formName, button);
     ctx.session.lastPrivilegeRefusal = allowed ? QString() : Privileges::refusalText(formName, button);
     return allowed;
 }

@@ -20,6 +20,7 @@ struct Session
 {
     int userCode = 0;
     QString loginId;
+    bool openAccess = false;         // logged in while no login existed: every check passes until a new login
     QString userName;
     bool confirmExit = false;        // the Options value: ask before a screen closes
     bool exclusiveScreenOpen = false; // School Setup or the backup screen is open

@@ -75,6 +75,7 @@ void Shell::showLogin()
 
 void Shell::loggedIn(bool noLoginsExist)
 {
+    m_ctx.session.openAccess = noLoginsExist;
     m_main = std::make_unique<mdiTimeTable>(m_ctx, m_registry);
     m_ctx.host = m_main.get();
     connect(m_main.get(), &mdiTimeTable::programEnded, this, &Shell::end);

@@ -65,6 +65,7 @@ private slots:
         store.setMessages(messages);
         RestartHost host;
         store.context().host = &host;
+        store.context().session.openAccess = true; // logged in with any pair, as on a new store
         const int head = ReferenceMasterService(store.db(), userKind()).save(0, QStringLiteral("Office Head")).code;
         frmUtilUserPrivilegeMaster screen(store.context());
         screen.show();
@@ -95,8 +96,7 @@ private slots:
         QCOMPARE(checkLogin(store.db(), "HEAD", "Secret1").outcome, LoginResult::Outcome::Accepted);
         const QVariant hash = store.scalar(QStringLiteral("SELECT Password FROM UserPrivilegeMaster"));
 
-        // Shown back: the mask, not the password; the same tree.
-        store.context().session.userCode = head;
+        // Shown back: the mask, not the password; the same tree. The session keeps its access until it ends.
         click(screen, "cmdEdit");
         messages.expectQuestion(ViewQuestion, true);
         chooseUser(screen, QStringLiteral("Office Head"));
