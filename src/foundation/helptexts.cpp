@@ -459,7 +459,8 @@ const QList<HelpText> &helpTexts()
                         "- The same name cannot be entered twice; capital and small letters count as the "
                         "same.\n"
                         "A user can log in only after a login has been made for him or her in User "
-                        "Privileges. Deleting a user does not remove the login, which then no longer works. "
+                        "Privileges. Deleting a user does not remove the login, which then no longer works; the last "
+                        "user who may grant privileges cannot be deleted. "
                         "Cancel clears the screen and Exit closes it. Enter moves to the next field; F1 opens "
                         "this help.")},
 

@@ -177,7 +177,8 @@ void mdiTimeTable::openScreen(const QString &formName)
     }
 }
 
-void mdiTimeTable::restartProgram()
+// The heartbeat stops, the window's place is kept for the next start and the stopped mark is written.
+void mdiTimeTable::endSession()
 {
     m_tmrTimer->stop();
     rememberGeometry();
@@ -186,6 +187,11 @@ void mdiTimeTable::restartProgram()
     } catch (const StoreError &error) {
         m_ctx.messages->critical(error.text());
     }
+}
+
+void mdiTimeTable::restartProgram()
+{
+    endSession();
     emit restartRequested();
 }
 
@@ -357,13 +363,7 @@ void mdiTimeTable::closeProgram()
 {
     if (!m_ctx.messages->question(QStringLiteral("Do You Want To Close 'Zarlo-TimeTable' ?")))
         return;
-    m_tmrTimer->stop();
-    rememberGeometry();
-    try {
-        RunStatus::markStopped(m_ctx.db());
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    endSession();
     Store::close(m_ctx.connectionName);
     AppPaths::removeFolder(m_ctx.tempFolder);
     emit programEnded();

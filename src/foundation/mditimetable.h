@@ -60,6 +60,7 @@ private:
     void setTopMenusVisible(bool visible);
     void setBackground(bool childOpen);
     void rememberGeometry() const;
+    void endSession();
 
     AppContext &m_ctx;
     const ScreenRegistry &m_registry;
