@@ -4,6 +4,7 @@
 #include "session.h"
 #include "storeerror.h"
 
+#include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -36,7 +37,12 @@ frmHelp::frmHelp(AppContext &ctx, QWidget *parent)
     layout->addWidget(m_lblName, 0, 1);
     layout->addWidget(m_tvwDisplay, 1, 0);
     layout->addWidget(m_txtDetail, 1, 1);
+    auto *store = new QLabel(QStringLiteral("The school is kept in %1").arg(QDir::toNativeSeparators(ctx.dataFolder)),
+                             this);
+    store->setObjectName(QStringLiteral("lblStore"));
+    store->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto *buttons = new QHBoxLayout;
+    buttons->addWidget(store);
     buttons->addStretch();
     buttons->addWidget(m_cmdExit);
     layout->addLayout(buttons, 2, 0, 1, 2);

@@ -28,7 +28,14 @@ int main(int argc, char *argv[])
 
     ScreenRegistry registry;
     registerAllScreens(registry);
-    Shell shell(registry, messages, AppPaths::dataFolder());
+    // `--data DIR` keeps the school in DIR, `--portable` beside the program; else in the user's data folder.
+    QString error;
+    const QString dataFolder = AppPaths::dataFolder(QCoreApplication::arguments(), &error);
+    if (dataFolder.isEmpty()) {
+        messages.critical(error);
+        return 1;
+    }
+    Shell shell(registry, messages, dataFolder);
     QObject::connect(&shell, &Shell::finished, &app, [] { QCoreApplication::exit(0); });
     shell.start();
     return app.exec();

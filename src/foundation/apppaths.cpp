@@ -4,20 +4,34 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QTemporaryFile>
 
 namespace AppPaths {
 
-QString dataFolder()
+QString userDataFolder()
 {
-    const QString programFolder = QCoreApplication::applicationDirPath();
-    // A real write test: an installed copy under /usr may look writable to QFileInfo and still refuse.
-    QTemporaryFile probe(QDir(programFolder).filePath(QStringLiteral("write-test-XXXXXX")));
-    if (probe.open())
-        return programFolder;
-    const QString home = QDir::homePath() + QStringLiteral("/.local/share/Zarlo-TimeTable");
-    QDir().mkpath(home);
-    return home;
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (folder.isEmpty())
+        folder = QDir::homePath() + QStringLiteral("/.local/share/Zarlo-TimeTable");
+    return folder;
+}
+
+QString dataFolder(const QStringList &arguments, QString *error)
+{
+    QString wanted;
+    const qsizetype data = arguments.indexOf(QStringLiteral("--data"));
+    if (data >= 0 && data + 1 < arguments.size()) {
+        wanted = QDir(arguments.at(data + 1)).absolutePath();
+    } else {
+        const QString programFolder = QCoreApplication::applicationDirPath();
+        const bool storeThere = QFileInfo::exists(QDir(programFolder).filePath(QStringLiteral("TimeTable.mdb")));
+        wanted = arguments.contains(QStringLiteral("--portable")) || storeThere ? programFolder : userDataFolder();
+    }
+    if (!QDir().mkpath(wanted)) {
+        if (error)
+            *error = QStringLiteral("The folder %1 cannot be made").arg(QDir::toNativeSeparators(wanted));
+        return {};
+    }
+    return wanted;
 }
 
 QString tempFolder(const QString &dataFolder)

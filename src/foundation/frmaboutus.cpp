@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -24,8 +25,9 @@ frmAboutUs::frmAboutUs(AppContext &ctx, QWidget *parent)
     text->setAlignment(Qt::AlignCenter);
     text->setText(QStringLiteral("<b>Zarlo-TimeTable</b> %1<br>The weekly timetable of a school: classes, "
                                  "teachers, work allotment,<br>generation in two phases, substitutes and "
-                                 "reports.")
-                      .arg(QCoreApplication::applicationVersion()));
+                                 "reports.<br><br>The school is kept in %2")
+                      .arg(QCoreApplication::applicationVersion(),
+                           QDir::toNativeSeparators(ctx.dataFolder).toHtmlEscaped()));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
