@@ -1,4 +1,5 @@
 #include "login.h"
+#include "passwordhash.h"
 #include "privileges.h"
 #include "routines.h"
 #include "runstatus.h"
@@ -36,7 +37,7 @@ void addLogin(TestStore &store, int userCode, const QString &name, const QString
 {
     store.exec(QStringLiteral("INSERT INTO UserMaster VALUES (?, ?, 0)"), {userCode, name});
     store.exec(QStringLiteral("INSERT INTO UserPrivilegeMaster VALUES (?, ?, ?, ?, 0)"),
-               {userCode, login, password, block});
+               {userCode, login, PasswordHash::make(password), block});
 }
 }
 
@@ -149,7 +150,8 @@ private slots:
         QTest::addColumn<int>("userCode");
         using O = LoginResult::Outcome;
         QTest::newRow("known pair") << "office" << "Secret" << int(O::Accepted) << 1;
-        QTest::newRow("login in other case") << "OFFICE" << "secret" << int(O::Accepted) << 1;
+        QTest::newRow("login in other case") << "OFFICE" << "Secret" << int(O::Accepted) << 1;
+        QTest::newRow("password in other case") << "office" << "secret" << int(O::WrongPair) << 0;
         QTest::newRow("wrong password") << "office" << "nope" << int(O::WrongPair) << 0;
         QTest::newRow("unknown login") << "nobody" << "Secret" << int(O::WrongPair) << 0;
         QTest::newRow("blocked with right password") << "clerk" << "pw" << int(O::Blocked) << 0;

@@ -1,2 +1,0 @@
-target_sources(tt_allotment PRIVATE classteacherallotment.cpp classteacherallotment.h)
-target_sources(tt_allotment_forms PRIVATE frmclassteacherallotmententry.cpp frmclassteacherallotmententry.h)

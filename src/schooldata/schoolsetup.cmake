@@ -1,9 +1,0 @@
-target_sources(tt_schooldata PRIVATE
-    schoolsetupservice.cpp schoolsetupservice.h
-    classwiseworkingdays.cpp classwiseworkingdays.h)
-target_sources(tt_schooldata_forms PRIVATE
-    frmschoolsetup.cpp frmschoolsetup.h
-    schoolsetupframe.cpp schoolsetupframe.h
-    perioddetailspanel.cpp perioddetailspanel.h
-    gridcelleditor.cpp gridcelleditor.h
-    frmclasswiseworkingdayssetup.cpp frmclasswiseworkingdayssetup.h)

@@ -1,1 +1,0 @@
-tt_tests(LIBS tt_allotment_forms TESTS tst_frmclassteacherallotmententry)

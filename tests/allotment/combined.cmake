@@ -1,5 +1,0 @@
-tt_tests(LIBS tt_allotment_forms TESTS
-    tst_frmcombinedsubjectentry
-    tst_frmcombinedclassentry
-    tst_frmcombinedteacherentry
-)

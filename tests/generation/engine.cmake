@@ -1,1 +1,0 @@
-tt_tests(LIBS tt_generation TESTS tst_random tst_placementrules tst_phaseone tst_phasetwo tst_generationinvariants)

@@ -1,1 +1,0 @@
-tt_tests(LIBS tt_generation_forms TESTS tst_frmautogenerationphaseii tst_frmpendingperiods tst_pendingreasons)

@@ -1,1 +1,0 @@
-tt_tests(LIBS tt_generation TESTS tst_storedrows)

@@ -1,1 +1,0 @@
-tt_tests(LIBS tt_reports_forms TESTS tst_reportframe tst_frmrptteachertt tst_handmadeweek)

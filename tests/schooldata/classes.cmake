@@ -1,2 +1,0 @@
-tt_tests(LIBS tt_schooldata TESTS tst_classdivisions)
-tt_tests(LIBS tt_schooldata_forms TESTS tst_frmclasssectionentry)

@@ -1,1 +1,0 @@
-tt_tests(LIBS tt_schooldata_forms TESTS tst_frmreferencemasters tst_frmsubjectmaster)

@@ -1,2 +1,0 @@
-tt_tests(LIBS tt_schooldata TESTS tst_schoolsetupservice)
-tt_tests(LIBS tt_schooldata_forms TESTS tst_frmschoolsetup tst_frmclasswiseworkingdayssetup)
