@@ -27,38 +27,6 @@ private:
     }
 
 private slots:
-    void columnOrder_data()
-    {
-        QTest::addColumn<QString>("table");
-        QTest::addColumn<QStringList>("expected");
-        QTest::newRow("TeacherMaster, 22 columns")
-            << "TeacherMaster"
-            << QStringList{"TeacherCode", "SalutationCode", "TeacherName", "TeacherShortName", "DOB",
-                           "MaritalStatus", "WeddingDate", "JoiningDate", "FHName", "Address1", "Address2",
-                           "CityCode", "Pincode", "Telephone", "BloodGroupCode", "Qualification", "NoOfPeriods",
-                           "SeniorityNo", "ClassCode", "DivisionCode", "SubjectCode", "PeriodCode"};
-        QTest::newRow("WorkAllotmentEntry, 13 columns")
-            << "WorkAllotmentEntry"
-            << QStringList{"TeacherCode", "ClassCode", "DivisionCode", "SubjectCode", "NoOfSectionPeriods", "CP",
-                           "CC", "CT", "CPGroupNo", "CCGroupNo", "CTGroupNo", "CCSystem", "CTSystem"};
-        QTest::newRow("SchoolSetup")
-            << "SchoolSetup"
-            << QStringList{"SchoolName", "Address1", "Address2", "CityCode", "Pincode", "NoOfWorkingDays",
-                           "PeriodsPerDay", "PeriodsOnLastWorkingDay", "PeriodsInMorningSession", "DayCode"};
-        QTest::newRow("SubstituteAllotment, 11 columns")
-            << "SubstituteAllotment"
-            << QStringList{"SACode", "LeaveDate", "TeacherCode", "DayCode", "LeaveCode", "PeriodCode", "ClassCode",
-                           "DivisionCode", "SubjectCode", "SubstituteScope", "AssignedTeacherCode"};
-    }
-
-    void columnOrder()
-    {
-        QFETCH(QString, table);
-        QFETCH(QStringList, expected);
-        TestStore store;
-        QCOMPARE(columns(store.db(), table), expected);
-    }
-
     // Tables read by position: the named columns must stand at their places.
     void positionalTables()
     {
