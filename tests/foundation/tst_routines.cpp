@@ -21,9 +21,7 @@ void addClassAndTeacher(TestStore &store)
     store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (1, 'English', 'ENG')"));
     store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (2, 'Hindi', 'HIN')"));
     for (int t = 1; t <= 2; ++t)
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (?, 0, ?, ?, NULL, 'S', NULL, NULL, '', '', '', "
-                                  "0, '', '', 0, '', 40, 0, 0, 0, 0, 0)"),
-                   {t, QStringLiteral("Teacher %1").arg(t), QStringLiteral("T%1").arg(t)});
+        store.addTeacher({t, QStringLiteral("Teacher %1").arg(t), QStringLiteral("T%1").arg(t), 40});
 }
 
 void allot(TestStore &store, int teacher, int division, int subject, int periods, const QVariant &ctSystem = {})

@@ -102,8 +102,7 @@ private slots:
         store.exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'I', 1, 1)"));
         store.exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1)"));
         store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (1, 'English', 'ENG')"));
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (1, 0, 'Anu', 'AN', NULL, 'S', NULL, NULL, '', "
-                                  "'', '', 0, '', '', 0, '', 30, 0, 0, 0, 0, 0)"));
+        store.addTeacher({1, QStringLiteral("Anu"), QStringLiteral("AN")});
         QVERIFY_THROWS_EXCEPTION(StoreError,
                                  Sql(store.db()).run(QStringLiteral("INSERT INTO WorkAllotmentEntry (TeacherCode, "
                                                                     "ClassCode, DivisionCode, SubjectCode, "

@@ -19,9 +19,7 @@ void buildSchool(TestStore &store, int days, int periods, int morning, int teach
     for (int i = 1; i <= teachers; ++i) {
         store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (?, ?, ?)"),
                    {i, QStringLiteral("Subject %1").arg(i), QStringLiteral("S%1").arg(i)});
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (?, 0, ?, ?, NULL, 'S', NULL, NULL, '', '', '', 0, "
-                                  "'', '', 0, '', ?, 0, 0, 0, 0, 0)"),
-                   {i, QStringLiteral("Teacher %1").arg(i), QStringLiteral("T%1").arg(i), days * periods});
+        store.addTeacher({i, QStringLiteral("Teacher %1").arg(i), QStringLiteral("T%1").arg(i), days * periods});
     }
     store.exec(QStringLiteral("INSERT INTO ClasswiseNoOfWorkingDays VALUES (1, ?), (2, ?)"), {days, days});
     PhaseOneChecks::BuildFreePeriodDetails(store.db(), store.context().session.calendar);

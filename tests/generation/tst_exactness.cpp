@@ -92,8 +92,7 @@ private slots:
         store.exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1)"));
         store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (1, 'Subject 1', 'S1')"));
         // 40 of the 40 periods a week: free type 3, one free period in 1 to P is enough.
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (1, 0, 'Teacher 1', 'T1', NULL, 'S', NULL, NULL, "
-                                  "'', '', '', 0, '', '', 0, '', 40, 0, 0, 0, 0, 0)"));
+        store.addTeacher({1, QStringLiteral("Teacher 1"), QStringLiteral("T1"), 40});
         store.exec(QStringLiteral("INSERT INTO ClasswiseNoOfWorkingDays VALUES (1, 7)"));
         allot(store, 1, 1, 1, 1, 2);
         // Day 3 with P 0 (refused), day 7 with P 4, day 2 with the P of day 7; every period draw is the last one.
@@ -115,8 +114,7 @@ private slots:
         buildGenerationSchool(store);
         store.exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (3, 'III', 1, 3)"));
         store.exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (3, 'A', 1)"));
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (5, 0, 'Teacher 5', 'T5', NULL, 'S', NULL, NULL, '', "
-                                  "'', '', 0, '', '', 0, '', 30, 0, 0, 0, 0, 0)"));
+        store.addTeacher({5, QStringLiteral("Teacher 5"), QStringLiteral("T5"), 30});
         allot(store, 2, 1, 2, 2, 5, 1);
         allot(store, 1, 1, 2, 3, 5, 1);
         allot(store, 3, 1, 1, 4, 5, 2);

@@ -256,8 +256,7 @@ private slots:
         m_store->exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'I', 1, 1)"));
         m_store->exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1)"));
         m_store->exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (1, 'English', 'ENG')"));
-        m_store->exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (1, 0, 'Anu', 'AN', NULL, 'S', NULL, NULL, '', "
-                                     "'', '', 0, '', '', 0, '', 30, 0, 0, 0, 0, 0)"));
+        m_store->addTeacher({1, QStringLiteral("Anu"), QStringLiteral("AN")});
         m_store->exec(QStringLiteral("INSERT INTO TimeTable VALUES (1, 1, 4, 7, 1, 1, '1', '', '', '')"));
         open();
         click("cmdEdit");

@@ -131,8 +131,7 @@ private slots:
         m_store->setUpSchool(5, 6, 6, 4);
         m_store->exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'I', 1, 1)"));
         m_store->exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1)"));
-        m_store->exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (1, 0, 'Anu', 'AN', NULL, 'S', NULL, NULL, "
-                                     "'', '', '', 0, '', '', 0, '', 30, 0, 0, 0, 0, 0)"));
+        m_store->addTeacher({1, QStringLiteral("Anu"), QStringLiteral("AN")});
         m_store->exec(QStringLiteral("INSERT INTO WorkAllotmentEntry VALUES (1, 1, 1, 2, 6, '', '', '', 0, 0, 0, '', '')"));
         frmSubjectMaster screen(m_store->context());
         MasterScreenDriver driver(screen);

@@ -27,9 +27,7 @@ void addClassAndTeacher(TestStore &store, int weeklyPeriods = 30)
     store.exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'I', 1, 1)"));
     store.exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1)"));
     store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (1, 'English', 'ENG')"));
-    store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (1, 0, 'Anu', 'AN', NULL, 'S', NULL, NULL, '', '', '', "
-                              "0, '', '', 0, '', ?, 0, 0, 0, 0, 0)"),
-               {weeklyPeriods});
+    store.addTeacher({1, QStringLiteral("Anu"), QStringLiteral("AN"), weeklyPeriods});
 }
 
 void place(TestStore &store, int day, int period, const char *manual = "M")

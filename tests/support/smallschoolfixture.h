@@ -13,9 +13,7 @@ inline void buildSmallSchool(TestStore &store)
     for (int i = 1; i <= 6; ++i) {
         store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (?, ?, ?)"),
                    {i, QStringLiteral("Subject %1").arg(i), QStringLiteral("S%1").arg(i)});
-        store.exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (?, 0, ?, ?, NULL, 'S', NULL, NULL, '', '', '', 0, "
-                                  "'', '', 0, '', 30, 0, 0, 0, 0, 0)"),
-                   {i, QStringLiteral("Teacher %1").arg(i), QStringLiteral("T%1").arg(i)});
+        store.addTeacher({i, QStringLiteral("Teacher %1").arg(i), QStringLiteral("T%1").arg(i)});
     }
 }
 

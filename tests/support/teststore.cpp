@@ -49,6 +49,13 @@ void TestStore::setUpSchool(int days, int periods, int lastDay, int morning)
     m_ctx.session.calendar.load(db());
 }
 
+void TestStore::addTeacher(const Teacher &teacher) const
+{
+    exec(QStringLiteral("INSERT INTO TeacherMaster VALUES (?, ?, ?, ?, NULL, 'S', NULL, NULL, '', '', '', 0, '', '', 0, '', "
+                        "?, ?, 0, 0, 0, 0)"),
+         {teacher.code, teacher.salutation, teacher.name, teacher.shortName, teacher.periods, teacher.seniority});
+}
+
 void TestStore::exec(const QString &statement, const QVariantList &values) const
 {
     try {
