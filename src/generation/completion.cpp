@@ -29,9 +29,9 @@ bool Completion::occupants(int meeting, int day, int period, QList<int> *found) 
     for (int r : m.rows) {
         const CompletionModel::Lesson &lesson = m_model.lessons()[m_model.rows()[r].lesson];
         for (int holder : {m_model.classAt(lesson.klass, slot), m_model.teacherAt(lesson.teacher, slot)}) {
-            if (holder == -1 || holder == meeting)
+            if (holder == CompletionModel::Free || holder == meeting)
                 continue;
-            if (holder == -2 || m_model.meetings()[holder].fixed)
+            if (holder == CompletionModel::Clash || m_model.meetings()[holder].fixed)
                 return false;
             if (!found->contains(holder))
                 found->append(holder);
@@ -76,7 +76,7 @@ bool Completion::allowed(int meeting, int day, int period, const QList<int> &evi
         int free = 0;
         for (int p = range.from; p <= range.to; ++p) {
             const int holder = m_model.teacherAt(lesson.teacher, m_model.slotOf(day, p));
-            free += holder == -1 || holder == meeting || evicted.contains(holder);
+            free += holder == CompletionModel::Free || holder == meeting || evicted.contains(holder);
         }
         if (!PlacementRules::FreeTypeAllows(lesson.freeType, free))
             return false;

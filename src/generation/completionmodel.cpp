@@ -82,12 +82,12 @@ CompletionModel::CompletionModel(const SchoolSnapshot &snapshot, const QList<Tim
         const bool inWeek = row.day >= 1 && row.day <= 7 && row.period >= 1 && row.period <= m_periods;
         const int r = int(m_rows.size());
         m_rows.append(row);
-        int meeting = -1;
+        int meeting = NoMeeting;
         const quint64 place = row.lesson < 0 ? 0
                                              : (quint64(m_lessons[row.lesson].group) << 32) | (quint64(row.day) << 16)
                                                    | quint64(quint16(row.period));
         if (row.lesson >= 0 && inWeek)
-            meeting = meetingOf.value(place, -1);
+            meeting = meetingOf.value(place, NoMeeting);
         if (meeting < 0) {
             meeting = int(m_meetings.size());
             m_meetings.append(Meeting());
@@ -100,8 +100,8 @@ CompletionModel::CompletionModel(const SchoolSnapshot &snapshot, const QList<Tim
         if (!isGeneratorRow(m_rows[r]) || !inWeek)
             m.fixed = true;
     }
-    m_classOcc.assign(size_t(m_classCodes.size() + 1) * m_slots, -1);
-    m_teacherOcc.assign(size_t(m_teacherCodes.size() + 1) * m_slots, -1);
+    m_classOcc.assign(size_t(m_classCodes.size() + 1) * m_slots, Free);
+    m_teacherOcc.assign(size_t(m_teacherCodes.size() + 1) * m_slots, Free);
     for (int m = 0; m < m_meetings.size(); ++m) {
         const Row &first = m_rows[m_meetings[m].rows.first()];
         if (first.day < 1 || first.day > 7 || first.period < 1 || first.period > m_periods)
@@ -185,14 +185,14 @@ void CompletionModel::occupy(int meeting, bool on)
         const int klass = row.lesson >= 0 ? m_lessons[row.lesson].klass : ensureClass(row.data.classCode, row.data.division);
         const int teacher = row.lesson >= 0 ? m_lessons[row.lesson].teacher : ensureTeacher(row.data.teacher);
         if (size_t(klass + 1) * m_slots > m_classOcc.size())
-            m_classOcc.resize(size_t(klass + 1) * m_slots, -1);
+            m_classOcc.resize(size_t(klass + 1) * m_slots, Free);
         if (size_t(teacher + 1) * m_slots > m_teacherOcc.size())
-            m_teacherOcc.resize(size_t(teacher + 1) * m_slots, -1);
+            m_teacherOcc.resize(size_t(teacher + 1) * m_slots, Free);
         for (int *cell : {&m_classOcc[size_t(klass) * m_slots + slot], &m_teacherOcc[size_t(teacher) * m_slots + slot]}) {
             if (on)
-                *cell = *cell == -1 || *cell == meeting ? meeting : -2;
+                *cell = *cell == Free || *cell == meeting ? meeting : Clash;
             else if (*cell == meeting)
-                *cell = -1;
+                *cell = Free;
         }
     }
 }

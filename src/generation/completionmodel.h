@@ -30,10 +30,10 @@ public:
     {
         TimetableRow data;
         qint64 rowid = 0; // 0 for a row not yet stored
-        int lesson = -1;  // -1: the row matches no allotment
+        int lesson = NoLesson;
         int day = 0;
         int period = 0;
-        int meeting = -1;
+        int meeting = NoMeeting;
         bool alive = true;
     };
     struct Meeting
@@ -56,7 +56,7 @@ public:
     int periodsOn(int day) const { return m_s.calendar.periodsOn(day); }
 
     const QList<Lesson> &lessons() const { return m_lessons; }
-    int lessonOf(quint64 key) const { return m_lessonOfKey.value(key, -1); }
+    int lessonOf(quint64 key) const { return m_lessonOfKey.value(key, NoLesson); }
     QList<Row> &rows() { return m_rows; }
     const QList<Row> &rows() const { return m_rows; }
     QList<Meeting> &meetings() { return m_meetings; }
@@ -76,8 +76,15 @@ public:
     // A new open meeting of the lessons given, each getting a row with `manual`.
     int addOpenMeeting(const QList<int> &lessons, const QString &manual, int onlyPeriod);
 
-    // Occupancy: the meeting holding a class or teacher at a slot; -1 free, -2 more than one (a clash left
-    // by hand), which nothing may move into.
+    // What an occupancy cell holds besides a meeting: nobody, or more than one meeting (a clash left by hand),
+    // which nothing may move into.
+    static constexpr int Free = -1;
+    static constexpr int Clash = -2;
+    // A row that matches no allotment, and a row not in a meeting.
+    static constexpr int NoLesson = -1;
+    static constexpr int NoMeeting = -1;
+
+    // Occupancy: the meeting holding a class or teacher at a slot, Free or Clash.
     int classAt(int klass, int slot) const { return m_classOcc[size_t(klass) * m_slots + slot]; }
     int teacherAt(int teacher, int slot) const { return m_teacherOcc[size_t(teacher) * m_slots + slot]; }
     void place(int meeting, int day, int period);

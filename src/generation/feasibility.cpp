@@ -206,7 +206,7 @@ private:
             return false;
         const int slot = m.slotOf(day, period);
         for (int holder : {m.classAt(l.klass, slot), m.teacherAt(l.teacher, slot)}) {
-            if (holder == -2)
+            if (holder == CompletionModel::Clash)
                 return false;
             if (holder >= 0 && m.meetings()[holder].fixed) {
                 // A fixed meeting of the group itself is one of its own periods.

@@ -116,7 +116,7 @@ private:
         const PlacementRules::Range range = PlacementRules::FreeTypeRange(cal, lesson.freeType, row.period, m.periodsOn(row.day));
         int free = 0;
         for (int p = range.from; p <= range.to; ++p)
-            free += m.teacherAt(lesson.teacher, m.slotOf(row.day, p)) == -1;
+            free += m.teacherAt(lesson.teacher, m.slotOf(row.day, p)) == CompletionModel::Free;
         // The rule asked for more than one free period before the placement, so one at least after it.
         if (!PlacementRules::FreeTypeAllows(lesson.freeType, free + 1)) {
             const QString key = QStringLiteral("%1/%2/%3").arg(lesson.teacher).arg(row.day).arg(range.from);
