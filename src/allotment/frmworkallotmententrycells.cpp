@@ -54,8 +54,11 @@ bool frmWorkAllotmentEntry::eventFilter(QObject *watched, QEvent *event)
         add->click();
         return true;
     }
-    if (isList && key == Qt::Key_Escape) {
-        m_cmdExit->click();
+    // Esc in a cell editor leaves the cell as it was before the editor opened; the next Esc, from the grid,
+    // asks for Exit. In the teacher list it goes on to the screen conventions, which ask for Exit at once.
+    if (key == Qt::Key_Escape && watched != m_cboTeacher) {
+        closeCell();
+        m_msgDetails->setFocus();
         return true;
     }
     if (watched == m_cboClass && key == Qt::Key_Delete) {

@@ -8,7 +8,9 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiSubWindow>
@@ -22,42 +24,65 @@
 
 namespace {
 
-// Moves focus to the next control that takes Tab, as the Tab key does.
-void moveFocusOn(QWidget *widget)
+// Moves focus to the next control of the screen that takes Tab. Past the screen's last control it goes round
+// to its first: the window's focus chain runs on into the other child windows, and focus landing there
+// would bring another screen to the front.
+void moveFocusOn(QWidget *widget, const QWidget *screen)
 {
     QWidget *next = widget->nextInFocusChain();
     while (next && next != widget
-           && (!(next->focusPolicy() & Qt::TabFocus) || !next->isEnabled() || !next->isVisible()))
+           && (!screen->isAncestorOf(next) || !(next->focusPolicy() & Qt::TabFocus) || !next->isEnabled()
+               || !next->isVisible()))
         next = next->nextInFocusChain();
     if (next && next != widget)
         next->setFocus(Qt::TabFocusReason);
 }
 
-// Enter as Tab and select-all on focus, for every control of one screen.
+// The grid whose cell a control edits: the control, or the list box it belongs to, lies on the grid's viewport.
+QAbstractItemView *cellEditorGrid(QWidget *control)
+{
+    for (QWidget *w = control; w && !w->isWindow(); w = w->parentWidget()) {
+        QWidget *parent = w->parentWidget();
+        auto *grid = parent ? qobject_cast<QAbstractItemView *>(parent->parentWidget()) : nullptr;
+        if (grid && grid->viewport() == parent)
+            return grid;
+    }
+    return nullptr;
+}
+
+// Enter as Tab, Esc as Exit, and select-all on focus, for every control of one screen.
 class ConventionFilter : public QObject
 {
 public:
-    using QObject::QObject;
+    ConventionFilter(QWidget *screen, QAbstractButton *exit) : QObject(screen), m_screen(screen), m_exit(exit) {}
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::FocusIn) {
-            if (auto *field = qobject_cast<QLineEdit *>(watched))
+            // Not when the window comes back (after a message box, say): a key typed then would replace
+            // the whole text.
+            const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+            if (auto *field = qobject_cast<QLineEdit *>(watched);
+                field && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
                 QTimer::singleShot(0, field, &QLineEdit::selectAll);
             return false;
         }
-        if (event->type() != QEvent::KeyPress)
+        auto *widget = qobject_cast<QWidget *>(watched);
+        if (!widget || event->type() != QEvent::KeyPress)
             return false;
         const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Escape)
+            return escape(widget);
+        if (widget == m_screen)
+            return false; // the screen itself hears Esc only
         if ((key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) || key->modifiers() & Qt::ShiftModifier)
             return false;
-        auto *widget = qobject_cast<QWidget *>(watched);
-        if (!widget || qobject_cast<QTextEdit *>(widget) || qobject_cast<QPlainTextEdit *>(widget))
+        if (qobject_cast<QTextEdit *>(widget) || qobject_cast<QPlainTextEdit *>(widget))
             return false;
         if (auto *button = qobject_cast<QAbstractButton *>(widget)) {
             if (qobject_cast<QCheckBox *>(widget))
-                moveFocusOn(widget);
+                moveFocusOn(widget, m_screen);
             else
                 button->click();
             return true;
@@ -68,10 +93,65 @@ protected:
             return false;
         if (auto *field = qobject_cast<QLineEdit *>(widget))
             emit field->editingFinished();
-        moveFocusOn(widget);
+        moveFocusOn(widget, m_screen);
         return true;
     }
+
+private:
+    // Esc asks for Exit through the Exit button's own handler, so that it asks and closes as the button does.
+    // The first Esc in an open drop-down or a cell editor is theirs: the list closes, the editor is left for
+    // its grid (a screen that knows what to put back in its editors takes the key before this).
+    bool escape(QWidget *widget) const
+    {
+        if (widget->window()->windowType() == Qt::Popup)
+            return false;
+        if (QAbstractItemView *grid = cellEditorGrid(widget)) {
+            grid->setFocus(Qt::OtherFocusReason);
+            return true;
+        }
+        if (!m_exit)
+            return false; // a dialog keeps its own Esc
+        // A screen that locks its whole button row (Phase I after a failed check) is still left by Esc; an
+        // Exit switched off itself, as during a generation run, is not pressed.
+        if (m_exit->isEnabledTo(m_exit->parentWidget()))
+            emit m_exit->clicked();
+        return true;
+    }
+
+    QWidget *m_screen;
+    QAbstractButton *m_exit;
 };
+
+// The field's caption, from the label that names it, without its accelerator and colon.
+QString captionOf(const QWidget *screen, const QWidget *field)
+{
+    const QList<QLabel *> labels = screen->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->buddy() == field) {
+            QString caption = label->text().remove(QLatin1Char('&'));
+            while (caption.endsWith(QLatin1Char(':')) || caption.endsWith(QLatin1Char(' ')))
+                caption.chop(1);
+            return caption.trimmed();
+        }
+    }
+    return {};
+}
+
+// A field that refuses a key, or cuts a pasted text, at its limit says so: a name cut short without a word
+// is only found when it is printed.
+void sayWhenFull(QWidget *screen, QLineEdit *field, AppContext &ctx)
+{
+    constexpr int NoLimit = 32767; // QLineEdit's own default
+    if (field->maxLength() >= NoLimit)
+        return;
+    QObject::connect(field, &QLineEdit::inputRejected, screen, [screen, field, &ctx] {
+        if (!ctx.messages || field->text().size() < field->maxLength())
+            return; // a key refused for another reason, such as a letter in a number
+        const QString caption = captionOf(screen, field);
+        ctx.messages->information((caption.isEmpty() ? QStringLiteral("This Field") : caption)
+                                  + QStringLiteral(" Can Have At Most %1 Characters").arg(field->maxLength()));
+    });
+}
 
 }
 
@@ -79,10 +159,15 @@ namespace Screen {
 
 void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo)
 {
-    auto *filter = new ConventionFilter(screen);
+    auto *filter = new ConventionFilter(screen, screen->findChild<QAbstractButton *>(QStringLiteral("cmdExit")));
     const QList<QWidget *> controls = screen->findChildren<QWidget *>();
-    for (QWidget *control : controls)
+    for (QWidget *control : controls) {
         control->installEventFilter(filter);
+        if (auto *field = qobject_cast<QLineEdit *>(control))
+            sayWhenFull(screen, field, ctx);
+    }
+    // Esc also reaches the screen from a control made later, or when no control can hold the focus.
+    screen->installEventFilter(filter);
     auto *help = new QShortcut(QKeySequence(Qt::Key_F1), screen);
     help->setContext(Qt::WidgetWithChildrenShortcut);
     QObject::connect(help, &QShortcut::activated, screen, [&ctx, helpScreenNo] {

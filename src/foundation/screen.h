@@ -11,8 +11,10 @@ struct AppContext;
 // The conventions every entry screen keeps, each usable in a line or two from a screen's constructor.
 namespace Screen {
 
-// Enter moves on like Tab (and pushes a button it reaches), every text box selects its text on focus,
-// and F1 opens the help page `helpScreenNo`. Call once, after the screen has built its controls.
+// Enter moves on like Tab within the screen (and pushes a button it reaches), every text box selects its text
+// on focus and says so when it is full, Esc asks for Exit through the screen's cmdExit (after a cell editor or
+// an open list has taken the first Esc), and F1 opens the help page `helpScreenNo`. Call once, after the
+// screen has built its controls.
 void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo);
 // The field takes digits only (Enter and Backspace still work); `maxLength` > 0 also limits its length.
 void DigitsOnly(QLineEdit *field, int maxLength = 0);

@@ -22,7 +22,6 @@
 #include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSqlQuery>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -272,9 +271,6 @@ void frmAutoGenerationPhaseI::connectControls()
     connect(m_teachers, &SettingsGrid::nameEntered, this, &frmAutoGenerationPhaseI::teacherChosen);
     connect(m_subjects, &SettingsGrid::nameEntered, this, &frmAutoGenerationPhaseI::subjectChosen);
     connect(m_cboSubject, &QComboBox::activated, this, &frmAutoGenerationPhaseI::subjectChosen);
-    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    escape->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(escape, &QShortcut::activated, this, &frmAutoGenerationPhaseI::exitScreen);
 }
 
 void frmAutoGenerationPhaseI::fillLists()

@@ -240,6 +240,9 @@ void frmAutoGenerationPhaseI::showValidity(bool show)
 {
     m_fraValidity->setVisible(show);
     m_lblExit->setVisible(!show);
+    // With every frame locked no control can hold the focus, and the screen takes it so that Esc still leaves.
+    if (!show && !m_frame4->isEnabled())
+        setFocus();
 }
 
 void frmAutoGenerationPhaseI::teacherChosen()

@@ -7,6 +7,7 @@
 #include "messageservice.h"
 #include "pendingreasons.h"
 #include "random.h"
+#include "reportoutput.h"
 #include "screen.h"
 #include "session.h"
 #include "storeerror.h"
@@ -247,8 +248,7 @@ void frmPendingPeriods::exportSheet()
     const ReportFile sheet = ExportGridToExcel(m_ctx, m_grid, m_grid.rowCount() - 1, m_grid.columnCount() - 1,
                                                QStringLiteral("Pending Periods"), QString(), false);
     QApplication::restoreOverrideCursor();
-    if (!sheet.ok() || !Launcher::instance().openDocument(sheet.path))
-        m_ctx.messages->critical(exportFailedText());
+    ReportOutput::show(sheet, ReportOutput::Kind::Sheet, Launcher::instance(), *m_ctx.messages);
 }
 
 void frmPendingPeriods::exitScreen()

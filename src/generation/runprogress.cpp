@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRegularExpression>
 
 namespace {
 // Often enough for a smooth bar and a prompt Cancel, rarely enough to cost the run nothing.
@@ -13,7 +12,10 @@ constexpr int EventsEveryMs = 40;
 
 QString oneDecimal(double value)
 {
-    return QString::number(value, 'f', 1).remove(QRegularExpression(QStringLiteral("\\.0$")));
+    QString text = QString::number(value, 'f', 1);
+    if (text.endsWith(QLatin1String(".0")))
+        text.chop(2);
+    return text;
 }
 }
 
@@ -59,23 +61,28 @@ GenerationSettings RunProgress::start()
     GenerationSettings settings;
     settings.progress = [this](const GenerationSettings::Progress &progress) { show(progress); };
     settings.cancelRequested = [this] {
-        if (m_sinceEvents.elapsed() >= EventsEveryMs) {
-            QApplication::processEvents();
-            m_sinceEvents.restart();
-        }
+        processEventsWhenDue();
         return m_cancelRequested;
     };
     return settings;
 }
 
+// The figures are set at every placed row and drawn when events are next processed. The engine asks for
+// Cancel far more often than it places a row: had the figures waited for their own turn at the events, the
+// bar of a run with many attempts per row would hardly ever move.
 void RunProgress::show(const GenerationSettings::Progress &progress)
 {
-    if (m_sinceEvents.elapsed() < EventsEveryMs && progress.value < progress.maximum)
-        return;
     m_bar->setMaximum(progress.maximum);
     m_bar->setValue(qMin(progress.value, progress.maximum));
     m_lblProgress->setText(oneDecimal(progress.percent));
     showTotalAchieved(m_lblAchieved, progress.totalAchieved);
+    processEventsWhenDue();
+}
+
+void RunProgress::processEventsWhenDue()
+{
+    if (m_sinceEvents.elapsed() < EventsEveryMs)
+        return;
     QApplication::processEvents();
     m_sinceEvents.restart();
 }
@@ -91,9 +98,6 @@ void RunProgress::finish()
             control->setEnabled(true);
     m_disabled.clear();
     m_cmdCancelRun->setEnabled(false);
-    m_bar->setValue(0);
-    m_lblProgress->clear();
-    m_lblAchieved->clear();
     m_running = false;
 }
 

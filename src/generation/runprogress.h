@@ -23,7 +23,8 @@ public:
 
     // The settings for one press; the screen's controls stay off until finish().
     GenerationSettings start();
-    // Bar to 0, both labels emptied, the controls as they were before start().
+    // The controls as they were before start(). The bar and the labels keep the last figures shown, for the
+    // user to read after the run's closing messages, until the next run places its first row.
     void finish();
     bool running() const { return m_running; }
 
@@ -35,6 +36,7 @@ protected:
 
 private:
     void show(const GenerationSettings::Progress &progress);
+    void processEventsWhenDue();
 
     QWidget *m_screen;
     QProgressBar *m_bar;

@@ -7,7 +7,7 @@
 namespace {
 Launcher *replacement = nullptr;
 
-bool openLocalFile(const QString &path)
+bool openLocal(const QString &path)
 {
     return QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
@@ -15,12 +15,17 @@ bool openLocalFile(const QString &path)
 
 bool DesktopLauncher::openTextFile(const QString &path)
 {
-    return openLocalFile(path);
+    return openLocal(path);
 }
 
 bool DesktopLauncher::openDocument(const QString &path)
 {
-    return openLocalFile(path);
+    return openLocal(path);
+}
+
+bool DesktopLauncher::openFolder(const QString &path)
+{
+    return openLocal(path);
 }
 
 Launcher &Launcher::instance()

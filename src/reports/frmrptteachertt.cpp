@@ -4,6 +4,7 @@
 #include "launcher.h"
 #include "messageservice.h"
 #include "reportgridmodel.h"
+#include "reportoutput.h"
 #include "routines.h"
 #include "screen.h"
 #include "session.h"
@@ -12,7 +13,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QFontDatabase>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -122,6 +122,11 @@ void frmrptTeacherTT::showTeacher()
 
 void frmrptTeacherTT::print()
 {
+    if (m_cboTeacher->currentData().toInt() <= 0) {
+        m_ctx.messages->information(QStringLiteral("Select Teacher Name"));
+        m_cboTeacher->setFocus();
+        return;
+    }
     const ReportGrid &grid = m_model->grid();
     try {
         QString error;
@@ -132,14 +137,8 @@ void frmrptTeacherTT::print()
             m_ctx.messages->critical(error);
             return;
         }
-        const ReportFile file = GridTextFile::write(m_ctx.dataFolder, m_cboTeacher->currentText(), lines);
-        if (!file.ok()) {
-            m_ctx.messages->critical(file.error);
-            return;
-        }
-        if (!m_launcher.openTextFile(file.path))
-            m_ctx.messages->critical(QStringLiteral("The text editor could not be started for %1.")
-                                         .arg(QDir::toNativeSeparators(file.path)));
+        ReportOutput::show(GridTextFile::write(m_ctx.dataFolder, m_cboTeacher->currentText(), lines),
+                           ReportOutput::Kind::TextFile, m_launcher, *m_ctx.messages);
     } catch (const StoreError &error) {
         m_ctx.messages->critical(error.text());
     }
@@ -153,8 +152,7 @@ void frmrptTeacherTT::exportSheet()
                                                TeacherTimeTable::title(),
                                                TeacherTimeTable::subtitle(m_cboTeacher->currentText()), false);
     QApplication::restoreOverrideCursor();
-    if (!sheet.ok() || !m_launcher.openDocument(sheet.path))
-        m_ctx.messages->critical(exportFailedText());
+    ReportOutput::show(sheet, ReportOutput::Kind::Sheet, m_launcher, *m_ctx.messages);
 }
 
 void frmrptTeacherTT::cancel()

@@ -3,8 +3,9 @@
 #include <QStringList>
 
 // Hands a finished report file to the desktop: the text file to the default text editor, a spreadsheet to
-// the program that opens .xlsx files. The program never waits for what it starts. Screens take a Launcher so
-// that tests can put a RecordingLauncher in its place and no editor pops up during a test run.
+// the program that opens .xlsx files, a folder to the file manager. The program never waits for what it
+// starts. Screens take a Launcher so that tests can put a RecordingLauncher in its place and no editor pops
+// up during a test run.
 class Launcher
 {
 public:
@@ -13,6 +14,8 @@ public:
     virtual bool openTextFile(const QString &path) = 0;
     // Opens a document (a sheet written by an Export button) in its default application.
     virtual bool openDocument(const QString &path) = 0;
+    // Shows a folder in the file manager, for a report that no program would open.
+    virtual bool openFolder(const QString &path) = 0;
 
     // The launcher of the running program: a DesktopLauncher unless setDefault() put another in its place.
     // Defined in tt_reports_forms (desktoplauncher.cpp), which links the desktop services.
@@ -22,7 +25,8 @@ public:
     static void setDefault(Launcher *launcher);
 };
 
-// Keeps every launch instead of starting anything; `succeed` false makes each launch fail.
+// Keeps every launch instead of starting anything; `succeed` false makes each file launch fail, as on a
+// machine without a text editor or spreadsheet program.
 class RecordingLauncher : public Launcher
 {
 public:
@@ -36,8 +40,14 @@ public:
         documents << path;
         return succeed;
     }
+    bool openFolder(const QString &path) override
+    {
+        folders << path;
+        return true;
+    }
 
     QStringList textFiles;
     QStringList documents;
-    bool succeed = true;
+    QStringList folders;
+    bool succeed = true; // for files; a folder always opens
 };

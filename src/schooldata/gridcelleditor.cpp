@@ -31,7 +31,8 @@ void GridCellEditor::placeOn(int row)
         return close();
     m_row = row;
     const QTableWidgetItem *cell = m_grid->item(row, m_column);
-    m_editor->setText(cell ? cell->text() : QString());
+    m_before = cell ? cell->text() : QString();
+    m_editor->setText(m_before);
     m_grid->scrollTo(m_grid->model()->index(row, m_column));
     follow();
     // Enter here means "next row", not the screen's Enter-as-Tab: installing again puts this filter first.
@@ -68,6 +69,14 @@ bool GridCellEditor::eventFilter(QObject *watched, QEvent *event)
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             emit enterPressed(m_row);
+            return true;
+        }
+        // Esc takes back what was typed in this cell and leaves it; the next Esc, from the grid, is the screen's.
+        if (key == Qt::Key_Escape) {
+            if (m_editor->text() != m_before)
+                emit edited(m_row, m_before);
+            close();
+            m_grid->setFocus(Qt::OtherFocusReason);
             return true;
         }
         const int step = key == Qt::Key_Down ? 1 : key == Qt::Key_Up ? -1 : 0;

@@ -1,11 +1,13 @@
 #pragma once
 #include <QObject>
+#include <QString>
 
 class QLineEdit;
 class QTableWidget;
 
 // A line edit laid over one cell of a grid column, the way the office's grids are edited: it moves to the
-// row chosen, follows the grid when it scrolls or resizes, and reports every change and the Enter key.
+// row chosen, follows the grid when it scrolls or resizes, and reports every change and the Enter key. Esc
+// reports the cell's text from before the editor opened, and closes it.
 class GridCellEditor : public QObject
 {
     Q_OBJECT
@@ -33,4 +35,5 @@ private:
     int m_column;
     QLineEdit *m_editor;
     int m_row = -1;
+    QString m_before; // the cell's text when the editor opened on it
 };

@@ -202,6 +202,36 @@ private slots:
         QCOMPARE(storedPeriods(NewTeacher, 1, 2, 17), 2);
     }
 
+    // Esc in a cell editor drops what it holds and leaves the cell; from the grid or the teacher list, Esc asks
+    // for Exit as the Exit button does.
+    void escapeLeavesTheCellThenAsksForExit()
+    {
+        m_store->context().session.confirmExit = true;
+        const QString question = QStringLiteral("Do You Want To Exit Work Allotment Entry ?");
+        openTeacher(NewTeacher, false);
+        QTest::keyClick(combo("cboTeacher"), Qt::Key_Return);
+        enterRow("VI", "A", "Sanskrit", "3");
+        QVERIFY(combo("cboClass")->isVisible()); // the next row's class cell
+        QTest::keyClick(combo("cboClass"), Qt::Key_Escape);
+        QVERIFY(!combo("cboClass")->isVisible());
+
+        clickCell(0, Periods);
+        auto *periods = control<QLineEdit>("txtPeriods");
+        QVERIFY(periods->isVisible());
+        periods->setText(QStringLiteral("7"));
+        QTest::keyClick(periods, Qt::Key_Escape);
+        QVERIFY(!periods->isVisible());
+        QCOMPARE(cell(0, Periods), QStringLiteral("3"));
+        QCOMPARE(m_form->focusWidget(), grid());
+
+        m_messages.expectQuestion(question, false);
+        QTest::keyClick(grid(), Qt::Key_Escape);
+        QVERIFY(m_form->isVisible());
+        m_messages.expectQuestion(question, true);
+        QTest::keyClick(combo("cboTeacher"), Qt::Key_Escape);
+        QVERIFY(!m_form->isVisible());
+    }
+
     // Periods may come down to the placed count, not below: on the cell, and again at Save when more were
     // placed meanwhile.
     void periodsDownToThePlacedCount()

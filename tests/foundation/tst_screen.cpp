@@ -6,6 +6,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableWidget>
@@ -50,6 +52,112 @@ private slots:
         // A field that takes focus has its text selected.
         first->setFocus();
         QTRY_COMPARE(first->selectedText(), QStringLiteral("Rose"));
+    }
+
+    void escapeAsksForExit_data()
+    {
+        QTest::addColumn<QString>("focus");      // where Esc is pressed
+        QTest::addColumn<int>("afterFirst");     // Exit presses after one Esc
+        QTest::addColumn<int>("afterSecond");    // and after another
+        QTest::newRow("a text box") << "field" << 1 << 2;
+        QTest::newRow("a grid") << "grid" << 1 << 2;
+        QTest::newRow("an open drop-down closes first") << "open list" << 0 << 1;
+        QTest::newRow("a grid's own cell editor is cancelled first") << "cell editor" << 0 << 1;
+        QTest::newRow("a box laid over a cell is left first") << "box on a cell" << 0 << 1;
+        // Phase I locks its button row after a failed check, and then Esc is the way out.
+        QTest::newRow("Exit in a locked frame") << "locked frame" << 1 << 2;
+        QTest::newRow("Exit switched off, as during a run") << "exit off" << 0 << 0;
+    }
+
+    void escapeAsksForExit()
+    {
+        QFETCH(QString, focus);
+        AppContext ctx;
+        QWidget screen;
+        auto *field = new QLineEdit(&screen);
+        auto *list = new QComboBox(&screen);
+        list->addItems({QStringLiteral("NO"), QStringLiteral("YES")});
+        Screen::WidenDropDown(list); // as screens do: its list then exists before the conventions see it
+        auto *grid = new QTableWidget(2, 2, &screen);
+        grid->setItem(0, 0, new QTableWidgetItem(QStringLiteral("Rose")));
+        auto *box = new QLineEdit(grid->viewport());
+        auto *buttons = new QWidget(&screen);
+        auto *exit = new QPushButton(QStringLiteral("E&xit"), buttons);
+        exit->setObjectName(QStringLiteral("cmdExit"));
+        (new QVBoxLayout(buttons))->addWidget(exit);
+        auto *layout = new QVBoxLayout(&screen);
+        for (QWidget *w : {static_cast<QWidget *>(field), static_cast<QWidget *>(list), static_cast<QWidget *>(grid), buttons})
+            layout->addWidget(w);
+        Screen::applyConventions(&screen, ctx, 6);
+        QSignalSpy pressed(exit, &QPushButton::clicked);
+        screen.show();
+        QApplication::setActiveWindow(&screen);
+        QVERIFY(QTest::qWaitForWindowActive(&screen));
+
+        QWidget *target = field;
+        if (focus == QLatin1String("grid") || focus == QLatin1String("cell editor")) {
+            grid->setFocus();
+            grid->setCurrentCell(0, 0);
+            target = grid;
+            if (focus == QLatin1String("cell editor")) {
+                grid->editItem(grid->item(0, 0));
+                QTRY_VERIFY(QApplication::focusWidget() != grid);
+                QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Lily"));
+                target = QApplication::focusWidget();
+            }
+        } else if (focus == QLatin1String("open list")) {
+            list->setFocus();
+            list->showPopup();
+            QTRY_VERIFY(list->view()->isVisible());
+            target = list->view();
+        } else if (focus == QLatin1String("box on a cell")) {
+            box->setFocus();
+            target = box;
+        } else if (focus == QLatin1String("locked frame")) {
+            buttons->setEnabled(false);
+        } else if (focus == QLatin1String("exit off")) {
+            exit->setEnabled(false);
+        }
+        if (target == field)
+            field->setFocus();
+
+        QTest::keyClick(target, Qt::Key_Escape);
+        QTEST(int(pressed.count()), "afterFirst");
+        QVERIFY(!list->view()->isVisible());
+        QCOMPARE(grid->item(0, 0)->text(), QStringLiteral("Rose")); // what the cell editor held is dropped
+        if (focus == QLatin1String("cell editor") || focus == QLatin1String("box on a cell"))
+            QTRY_VERIFY(grid->hasFocus());
+        QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : &screen, Qt::Key_Escape);
+        QTEST(int(pressed.count()), "afterSecond");
+    }
+
+    // Enter on the screen's last control goes round to its first, never into the next window's controls.
+    void enterStaysInTheScreen()
+    {
+        AppContext ctx;
+        QMdiArea area;
+        auto *other = new QWidget;
+        (new QVBoxLayout(other))->addWidget(new QLineEdit(other));
+        auto *screen = new QWidget;
+        auto *save = new QPushButton(QStringLiteral("&Save"), screen);
+        auto *name = new QLineEdit(screen);
+        auto *layout = new QVBoxLayout(screen);
+        layout->addWidget(save);
+        layout->addWidget(name);
+        Screen::applyConventions(screen, ctx, 3);
+        area.addSubWindow(other)->show();
+        QMdiSubWindow *window = area.addSubWindow(screen);
+        window->show();
+        area.show();
+        QApplication::setActiveWindow(&area);
+        QVERIFY(QTest::qWaitForWindowActive(&area));
+        area.setActiveSubWindow(window);
+        name->setFocus();
+        QTRY_VERIFY(name->hasFocus());
+
+        QTest::keyClick(name, Qt::Key_Return);
+        QTRY_VERIFY(save->hasFocus());
+        QCOMPARE(area.activeSubWindow(), window);
     }
 
     void clearControls()

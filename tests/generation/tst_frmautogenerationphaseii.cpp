@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -36,6 +37,20 @@ void flushDeletes()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+// The scripted double that also notes where the progress bar stood behind each information box.
+class BarWatchingMessages : public ScriptedMessages
+{
+public:
+    void information(const QString &text, const QString &title) override
+    {
+        if (bar)
+            barBehindBoxes << bar->value();
+        ScriptedMessages::information(text, title);
+    }
+    QPointer<QProgressBar> bar;
+    QList<int> barBehindBoxes;
+};
+
 }
 
 class tst_frmAutoGenerationPhaseII : public QObject
@@ -46,7 +61,7 @@ private:
     std::unique_ptr<TestStore> m_store;
     std::unique_ptr<PendingHost> m_host;
     std::unique_ptr<frmAutoGenerationPhaseII> m_screen;
-    ScriptedMessages m_messages;
+    BarWatchingMessages m_messages;
 
     template<typename T = QPushButton> T *control(const char *name) const
     {
@@ -67,6 +82,8 @@ private slots:
     {
         m_store = std::make_unique<TestStore>();
         m_messages.reset();
+        m_messages.bar = nullptr;
+        m_messages.barBehindBoxes.clear();
         m_store->setMessages(m_messages);
         m_host = std::make_unique<PendingHost>(m_store->context());
         m_store->context().host = m_host.get();
@@ -131,6 +148,8 @@ private slots:
         QCOMPARE(m_screen->windowTitle(), QStringLiteral("Auto Generation Phase-II"));
         QVERIFY(processOn());
         QVERIFY(!fixOn());
+        auto *bar = control<QProgressBar>("prgDisplay");
+        m_messages.bar = bar;
 
         const QString notFilled = QStringLiteral("Few Periods Are Not Filled. It Can Be Done Manually In 'Manual Periods Entry' Or ");
         m_messages.expectQuestion(Start, true).expectQuestion(Tally, true).expectInformation(Completed)
@@ -154,7 +173,12 @@ private slots:
                                              "The 'No' Settings And The Free Period Type")}));
         QVERIFY(!processOn());
         QVERIFY(fixOn());
-        QCOMPARE(control<QLabel>("lblProgress")->text(), QString());
+        // The bar moved with the run, and its figures stay after the closing boxes: 2 of the 5 open periods.
+        QCOMPARE(m_messages.barBehindBoxes, (QList<int>{2, 2}));
+        QCOMPARE(bar->value(), 2);
+        QCOMPARE(bar->maximum(), 5);
+        QCOMPARE(control<QLabel>("lblProgress")->text(), QStringLiteral("40"));
+        QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("90.9"));
         click("cmdTotalAchieved");
         QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("90.9")); // 30 of 33
 

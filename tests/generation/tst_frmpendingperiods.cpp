@@ -1,13 +1,15 @@
 #include "../reports/sheetreader.h"
 #include "findcontrol.h"
-#include "excelexport.h"
 #include "frmpendingperiods.h"
 #include "generationfixture.h"
 #include "generationscreens.h"
 #include "launcher.h"
 #include "scriptedmessages.h"
 
+#include <QDir>
 #include <QEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -128,9 +130,17 @@ private slots:
         QCOMPARE(sheet.text(QStringLiteral("D8")), QStringLiteral("Teacher 2"));
         QCOMPARE(sheet.text(QStringLiteral("F8")), QStringLiteral("2"));
 
+        // No spreadsheet program: the sheet is still written, and the user hears where.
         m_launcher.succeed = false;
-        m_messages.expectCritical(exportFailedText());
+        const QString second = QFileInfo(m_launcher.documents.first()).absolutePath() + QStringLiteral("/Pending Periods 2.xlsx");
+        m_messages.expectQuestion(QStringList{QStringLiteral("The Report Is Saved In"), QDir::toNativeSeparators(second),
+                                              QStringLiteral("But No Spreadsheet Program Could Be Started To Show It."),
+                                              QStringLiteral("The Folder Is Emptied When 'Zarlo-TimeTable' Closes, So Copy The File To Keep It."),
+                                              QStringLiteral("Do You Want To Open Its Folder ?")}
+                                      .join(QLatin1Char('\n')),
+                                  false);
         QTest::mouseClick(control("cmdExport"), Qt::LeftButton);
+        QVERIFY(QFile::exists(second));
     }
 
     // The pending window never asks before it closes, whatever the options say.

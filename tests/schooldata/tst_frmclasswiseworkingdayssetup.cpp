@@ -108,6 +108,16 @@ private slots:
         QTest::keyClicks(box, QStringLiteral("4"));
         QTest::keyClick(box, Qt::Key_Return);
         QCOMPARE(grid->currentRow(), 2);
+        // Esc takes back what was typed in the cell and leaves it for the grid.
+        box->selectAll();
+        QTest::keyClicks(box, QStringLiteral("3"));
+        QCOMPARE(grid->item(2, 2)->text(), QStringLiteral("3"));
+        QTest::keyClick(box, Qt::Key_Escape);
+        QCOMPARE(grid->item(2, 2)->text(), QStringLiteral("6"));
+        QVERIFY(!box->isVisible());
+        QVERIFY(grid->hasFocus());
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualItemRect(grid->item(2, 2)).center());
+        QVERIFY(box->isVisible());
         QTest::keyClick(box, Qt::Key_Return);
         QVERIFY(save->hasFocus());
         m_messages.expectInformation(QStringLiteral("Record Updated"));

@@ -6,6 +6,9 @@
 #include "scriptedmessages.h"
 #include "teststore.h"
 
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTest>
 #include <memory>
 
@@ -104,6 +107,43 @@ private slots:
         } else {
             QCOMPARE(driver.focused(), driver.control(field));
         }
+    }
+
+    // Enter in the name moves on to Save within the screen, even with another screen open beside it in the
+    // main window, and Enter there saves.
+    void enterInTheNameMovesOnToSave_data()
+    {
+        QTest::addColumn<QString>("form");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("state") << "frmStateMaster" << "txtStateName" << "State Name Saved";
+        QTest::newRow("salutation") << "frmSalutationMaster" << "txtSalutationName" << "Record Saved";
+        QTest::newRow("blood group") << "frmBloodGroupMaster" << "txtBloodGroupName" << "Record Saved";
+    }
+
+    void enterInTheNameMovesOnToSave()
+    {
+        QFETCH(QString, form);
+        QFETCH(QString, field);
+        QFETCH(QString, saved);
+        QMdiArea area;
+        area.addSubWindow(openForm(QStringLiteral("frmCityMaster"), m_store->context()).release())->show();
+        QMdiSubWindow *window = area.addSubWindow(openForm(form, m_store->context()).release());
+        window->show();
+        area.show();
+        QApplication::setActiveWindow(&area);
+        QVERIFY(QTest::qWaitForWindowActive(&area));
+        area.setActiveSubWindow(window);
+        MasterScreenDriver driver(*window->widget());
+
+        driver.click(QStringLiteral("cmdNew"));
+        driver.type(field, QStringLiteral("Goa"));
+        QTest::keyClick(driver.control(field), Qt::Key_Return);
+        QTRY_COMPARE(QApplication::focusWidget(), driver.control(QStringLiteral("cmdSave")));
+        QCOMPARE(area.activeSubWindow(), window);
+        m_messages.expectInformation(saved);
+        QTest::keyClick(driver.control(QStringLiteral("cmdSave")), Qt::Key_Return);
+        QCOMPARE(m_store->count(form.mid(3)), 2); // the seeded row and the new one
     }
 
     void searchChooseEditAndVanishedRow()

@@ -50,7 +50,7 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("focus");
 
-        QTest::newRow("saved trimmed") << " Science " << " sc " << "Subject Name Saved" << "cmdNew";
+        QTest::newRow("saved trimmed") << " Science " << " sc" << "Subject Name Saved" << "cmdNew";
         QTest::newRow("blank name") << "  " << "SC" << "Enter Subject Name" << "txtSubjectName";
         QTest::newRow("blank short name") << "Science" << " " << "Enter Subject Short Name" << "txtSubjectShort";
         QTest::newRow("name: case and blanks ignored") << " MATHS" << "MT" << "Subject Name Already Exists"

@@ -5,7 +5,9 @@
 #include "scriptedmessages.h"
 #include "teststore.h"
 
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -242,6 +244,57 @@ private slots:
         QCOMPARE(control<QLineEdit>(QStringLiteral("txtNoOfPeriods"))->text(), QString());
         type(QStringLiteral("txtNoOfPeriods"), QStringLiteral("45"));
         QCOMPARE(control<QLineEdit>(QStringLiteral("txtNoOfPeriods"))->text(), QStringLiteral("45"));
+    }
+
+    // A text longer than its column is held at the limit and said so, not cut short without a word.
+    void textFieldsSayWhenFull_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("teacher name") << "txtTeacherName" << 100 << "Teacher Name Can Have At Most 100 Characters";
+        QTest::newRow("short name") << "txtTeacherShortName" << 3
+                                    << "Teacher's Short Name Can Have At Most 3 Characters";
+        QTest::newRow("father or spouse") << "txtFHName" << 100 << "Father/Spouse Name Can Have At Most 100 Characters";
+        QTest::newRow("address") << "txtAddress2" << 100 << "Address2 Can Have At Most 100 Characters";
+        QTest::newRow("pincode") << "txtPincode" << 15 << "PinCode Can Have At Most 15 Characters";
+        QTest::newRow("telephone") << "txtTelephone" << 20 << "Telephone Can Have At Most 20 Characters";
+        QTest::newRow("qualification") << "txtQualification" << 50 << "Qualification Can Have At Most 50 Characters";
+    }
+
+    void textFieldsSayWhenFull()
+    {
+        QFETCH(QString, field);
+        QFETCH(int, limit);
+        QFETCH(QString, message);
+        click(QStringLiteral("cmdNew"));
+        auto *edit = control<QLineEdit>(field);
+        QTest::keyClicks(edit, QString(limit, QLatin1Char('a'))); // up to the limit without a word
+        m_messages.expectInformation(message);
+        QTest::keyClick(edit, Qt::Key_B);
+        QVERIFY2(m_messages.done(), m_messages.report());
+        QCOMPARE(edit->text(), QString(limit, QLatin1Char('a')));
+
+        // A longer text pasted in: what fits stays, and the user hears that the rest was left out.
+        edit->clear();
+        m_messages.expectInformation(message);
+        QGuiApplication::clipboard()->setText(QString(limit + 17, QLatin1Char('c')));
+        edit->paste();
+        QCOMPARE(edit->text(), QString(limit, QLatin1Char('c')));
+    }
+
+    // Esc asks for Exit from a field or a closed list, as the Exit button does.
+    void escapeAsksForExit()
+    {
+        m_store->context().session.confirmExit = true;
+        const QString question = QStringLiteral("Do You Want To Exit Teacher Master ?");
+        click(QStringLiteral("cmdNew"));
+        m_messages.expectQuestion(question, false);
+        QTest::keyClick(control(QStringLiteral("txtTeacherName")), Qt::Key_Escape);
+        QVERIFY(m_screen->isVisible());
+        m_messages.expectQuestion(question, true);
+        QTest::keyClick(control(QStringLiteral("dbcStateName")), Qt::Key_Escape);
+        QVERIFY(!m_screen->isVisible());
     }
 
     void periodsNotBelowTheAllotment()
