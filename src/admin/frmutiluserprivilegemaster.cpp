@@ -64,11 +64,7 @@ frmUtilUserPrivilegeMaster::frmUtilUserPrivilegeMaster(AppContext &ctx, QWidget 
 
 void frmUtilUserPrivilegeMaster::buildLayout()
 {
-    const auto button = [this](const char *name, const QString &caption) {
-        auto *push = new QPushButton(caption, this);
-        push->setObjectName(QString::fromLatin1(name));
-        return push;
-    };
+    const auto button = [this](const char *name, const QString &caption) { return Screen::button(this, name, caption); };
     m_cmdNew = button("cmdNew", QStringLiteral("&New"));
     m_cmdEdit = button("cmdEdit", QStringLiteral("&Edit"));
     m_cmdSave = button("cmdSave", QStringLiteral("&Save"));

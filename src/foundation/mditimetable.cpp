@@ -206,6 +206,9 @@ void mdiTimeTable::showAsLeft()
 {
     const QByteArray geometry = windowSettings().value(QStringLiteral("mainWindow/geometry")).toByteArray();
     if (geometry.isEmpty() || !restoreGeometry(geometry)) {
+        // The size of the screen even where no window manager maximises a window.
+        if (const QScreen *screen = this->screen())
+            setGeometry(screen->availableGeometry());
         showMaximized();
         return;
     }

@@ -177,6 +177,13 @@ void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo)
     });
 }
 
+QPushButton *button(QWidget *screen, const char *name, const QString &caption)
+{
+    auto *push = new QPushButton(caption, screen);
+    push->setObjectName(QLatin1String(name));
+    return push;
+}
+
 void DigitsOnly(QLineEdit *field, int maxLength)
 {
     static const QRegularExpression digits(QStringLiteral("[0-9]*"));

@@ -18,6 +18,8 @@ namespace Screen {
 void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo);
 // The field takes digits only (Enter and Backspace still work); `maxLength` > 0 also limits its length.
 void DigitsOnly(QLineEdit *field, int maxLength = 0);
+// A push button of the screen, named as the design names it.
+QPushButton *button(QWidget *screen, const char *name, const QString &caption);
 // Empties every text box, list and grid of the screen; dates go to today, check boxes off.
 void ClearControls(QWidget *screen);
 // Asks "Do You Want To Exit <title> ?" when the Options setting wants it; true when the screen may close.

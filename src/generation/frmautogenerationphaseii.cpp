@@ -48,11 +48,7 @@ frmAutoGenerationPhaseII::frmAutoGenerationPhaseII(AppContext &ctx, QWidget *par
 
 void frmAutoGenerationPhaseII::buildLayout()
 {
-    const auto button = [this](const char *name, const QString &caption) {
-        auto *push = new QPushButton(caption, this);
-        push->setObjectName(QLatin1String(name));
-        return push;
-    };
+    const auto button = [this](const char *name, const QString &caption) { return Screen::button(this, name, caption); };
     m_cmdProcess = button("cmdProcess", QStringLiteral("&Process"));
     m_cmdFixBalancePeriods = button("cmdFixBalancePeriods", QStringLiteral("&Fix Balance Periods"));
     m_cmdBalancePeriods = button("cmdBalancePeriods", QStringLiteral("&Balance Periods"));

@@ -55,11 +55,7 @@ void frmrptTeacherTT::buildLayout()
     m_msgTeacher->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_msgTeacher->setMinimumSize(640, 260);
 
-    const auto button = [this](const char *name, const QString &caption) {
-        auto *push = new QPushButton(caption, this);
-        push->setObjectName(QLatin1String(name));
-        return push;
-    };
+    const auto button = [this](const char *name, const QString &caption) { return Screen::button(this, name, caption); };
     m_cmdPrint = button("cmdPrint", QStringLiteral("&Print"));
     m_cmdPrint->setToolTip(QStringLiteral("View In NOTEPAD Editor"));
     m_cmdExport = button("cmdExport", QStringLiteral("&Export"));

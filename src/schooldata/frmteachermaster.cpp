@@ -40,8 +40,7 @@ frmTeacherMaster::frmTeacherMaster(AppContext &ctx, QWidget *parent)
 void frmTeacherMaster::buildButtons()
 {
     const auto button = [this](const char *name, const QString &caption) {
-        auto *push = new QPushButton(caption, this);
-        push->setObjectName(QString::fromLatin1(name));
+        QPushButton *push = Screen::button(this, name, caption);
         push->setMinimumWidth(84);
         return push;
     };
