@@ -1,8 +1,10 @@
 #include "screen.h"
 #include "messageservice.h"
 #include "session.h"
+#include "storeerror.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
@@ -175,6 +177,19 @@ void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo)
         if (ctx.host)
             ctx.host->openScreen(QStringLiteral("frmHelp"));
     });
+}
+
+bool guarded(AppContext &ctx, const std::function<void()> &step)
+{
+    try {
+        step();
+        return true;
+    } catch (const StoreError &error) {
+        while (QApplication::overrideCursor())
+            QApplication::restoreOverrideCursor();
+        ctx.messages->critical(error.text());
+        return false;
+    }
 }
 
 QPushButton *button(QWidget *screen, const char *name, const QString &caption)

@@ -1,6 +1,7 @@
 #pragma once
 #include <QObject>
 #include <QString>
+#include <functional>
 
 class QComboBox;
 class QLineEdit;
@@ -18,6 +19,9 @@ namespace Screen {
 void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo);
 // The field takes digits only (Enter and Backspace still work); `maxLength` > 0 also limits its length.
 void DigitsOnly(QLineEdit *field, int maxLength = 0);
+// Runs one step of a screen. A store error it raises is shown in one critical box (after the wait cursor, if
+// any, is put back) and the answer is false; true when the step ran through.
+bool guarded(AppContext &ctx, const std::function<void()> &step);
 // A push button of the screen, named as the design names it.
 QPushButton *button(QWidget *screen, const char *name, const QString &caption);
 // Empties every text box, list and grid of the screen; dates go to today, check boxes off.
