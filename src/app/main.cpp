@@ -3,6 +3,7 @@
 #include "dialogmessageservice.h"
 #include "screenregistry.h"
 #include "shell.h"
+#include "storestart.h"
 
 #include <QApplication>
 #include <QDir>
@@ -35,7 +36,13 @@ int main(int argc, char *argv[])
         messages.critical(error);
         return 1;
     }
-    Shell shell(registry, messages, dataFolder);
+    const StoreStart start = chooseStoreStart(dataFolder, AppPaths::userDataFolder(),
+                                              qEnvironmentVariable("USER", QStringLiteral("user")), messages);
+    if (start.quit)
+        return 0;
+    Shell shell(registry, messages, start.folder);
+    shell.setReadOnly(start.readOnly);
+    shell.setCheckFirst(start.checkFirst);
     QObject::connect(&shell, &Shell::finished, &app, [] { QCoreApplication::exit(0); });
     shell.start();
     return app.exec();

@@ -1,7 +1,10 @@
 #include "apppaths.h"
 
+#include "schema.h"
+
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -32,6 +35,42 @@ QString dataFolder(const QStringList &arguments, QString *error)
         return {};
     }
     return wanted;
+}
+
+bool storeIsReadOnly(const QString &folder)
+{
+    const QFileInfo store(QDir(folder).filePath(Schema::fileName(StoreFile::Main)));
+    return store.exists() && (!store.isWritable() || !QFileInfo(folder).isWritable());
+}
+
+bool copyStore(const QString &from, const QString &to, QString *error)
+{
+    const auto fail = [error](const QString &text) {
+        if (error)
+            *error = text;
+        return false;
+    };
+    const QDir target(to);
+    if (QFileInfo::exists(target.filePath(Schema::fileName(StoreFile::Main))))
+        return fail(QStringLiteral("A School Already Stands In %1").arg(QDir::toNativeSeparators(to)));
+    if (!QDir().mkpath(to))
+        return fail(QStringLiteral("The folder %1 cannot be made").arg(QDir::toNativeSeparators(to)));
+    QStringList copied;
+    for (StoreFile file : {StoreFile::BackupHistory, StoreFile::Help, StoreFile::Main}) {
+        const QString source = QDir(from).filePath(Schema::fileName(file));
+        const QString copy = target.filePath(Schema::fileName(file));
+        if (!QFileInfo::exists(source))
+            continue;
+        if (!QFile::copy(source, copy)) {
+            for (const QString &done : copied)
+                QFile::remove(done);
+            return fail(QStringLiteral("%1 cannot be copied to %2")
+                            .arg(QDir::toNativeSeparators(source), QDir::toNativeSeparators(to)));
+        }
+        QFile(copy).setPermissions(QFile(copy).permissions() | QFileDevice::WriteOwner);
+        copied << copy;
+    }
+    return true;
 }
 
 QString tempFolder(const QString &dataFolder)

@@ -10,6 +10,11 @@ namespace AppPaths {
 // The store's folder for a start with these command-line words (`--data DIR`, `--portable`); made when
 // missing. An empty result with `*error` set when a --data folder cannot be made.
 QString dataFolder(const QStringList &arguments, QString *error = nullptr);
+// True when a school's store stands in `folder` but cannot be changed there (the file or folder is read-only).
+bool storeIsReadOnly(const QString &folder);
+// Copies the store files of `from` into `to` (made when missing). Refuses, with `*error`, when `to` already
+// holds a store or a copy fails; a failed copy leaves nothing half-copied behind.
+bool copyStore(const QString &from, const QString &to, QString *error);
 // The user's data folder of the program (~/.local/share/Zarlo-TimeTable on Linux).
 QString userDataFolder();
 QString tempFolder(const QString &dataFolder);

@@ -292,6 +292,24 @@ int applicationId(StoreFile file)
     return 0;
 }
 
+QString keyTable(StoreFile file)
+{
+    switch (file) {
+    case StoreFile::Main:
+        return QStringLiteral("SchoolSetup");
+    case StoreFile::BackupHistory:
+        return QStringLiteral("BackupDatabase");
+    case StoreFile::Help:
+        return QStringLiteral("HelpDetails");
+    }
+    return {};
+}
+
+QString upgradeScript(StoreFile, int)
+{
+    return {}; // version 1 is the first: no older store exists yet
+}
+
 QString creationScript(StoreFile file)
 {
     switch (file) {

@@ -36,6 +36,7 @@ struct AppContext
     QString connectionName; // the main connection to TimeTable.mdb
     QString dataFolder;     // where the store files live
     QString tempFolder;     // made fresh at start, removed at an orderly close
+    bool readOnly = false;  // the school was opened where it cannot be changed
     Session session;
     MessageService *messages = nullptr;
     ScreenHost *host = nullptr;

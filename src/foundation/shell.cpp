@@ -5,8 +5,11 @@
 #include "mditimetable.h"
 #include "messageservice.h"
 #include "privileges.h"
+#include "screen.h"
 #include "store.h"
 #include "storeerror.h"
+
+#include <QDir>
 
 #include <QTimer>
 
@@ -28,6 +31,15 @@ Shell::~Shell()
     Store::close(m_ctx.connectionName);
 }
 
+void Shell::setReadOnly(bool readOnly)
+{
+    m_ctx.readOnly = readOnly;
+    // Pictures go to a temp folder of the user's when the school's folder is not to be written.
+    m_ctx.tempFolder = readOnly ? QDir(QDir::tempPath()).filePath(QStringLiteral("Zarlo-TimeTable-%1")
+                                                                     .arg(qEnvironmentVariable("USER", QStringLiteral("user"))))
+                                : AppPaths::tempFolder(m_ctx.dataFolder);
+}
+
 void Shell::start()
 {
     m_splash = std::make_unique<frmSplash>(m_ctx);
@@ -47,18 +59,25 @@ void Shell::movieCommand(const QString &command, const QString &argument)
 
 void Shell::connectStores()
 {
-    try {
-        Store::open(StoreFile::Main, m_ctx.dataFolder, m_ctx.connectionName);
+    const bool opened = Screen::guarded(m_ctx, [this] {
+        const QSqlDatabase db = Store::open(StoreFile::Main, m_ctx.dataFolder, m_ctx.connectionName,
+                                            m_ctx.readOnly ? Store::Access::ReadOnly : Store::Access::ReadWrite);
+        if (m_checkFirst) {
+            if (const QString problem = Store::integrityProblem(db); !problem.isEmpty())
+                throw UnusableStore(Store::unusableText(db.databaseName(),
+                                                        QStringLiteral("It Is Damaged (%1)").arg(problem)));
+        }
+        if (m_ctx.readOnly)
+            return;
         // The companion files are opened at each use; here they are only made when missing.
         for (StoreFile companion : {StoreFile::BackupHistory, StoreFile::Help}) {
             const QString name = QStringLiteral("tt_check_companion");
             Store::open(companion, m_ctx.dataFolder, name);
             Store::close(name);
         }
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    });
+    if (!opened)
         return; // the program stays on the splash, as it always has
-    }
     m_connected = true;
     showLogin();
     m_splash->hide();
@@ -84,11 +103,7 @@ void Shell::loggedIn(bool noLoginsExist)
         return;
     QStringList grants;
     if (!noLoginsExist) {
-        try {
-            grants = Privileges::displayGrants(m_ctx.db(), m_ctx.session.userCode);
-        } catch (const StoreError &error) {
-            m_ctx.messages->critical(error.text());
-        }
+        Screen::guarded(m_ctx, [&] { grants = Privileges::displayGrants(m_ctx.db(), m_ctx.session.userCode); });
     }
     m_main->applyPrivileges(noLoginsExist, grants);
     m_main->showAsLeft();

@@ -24,6 +24,10 @@ public:
     // The name of the main connection.
     static QString mainConnectionName() { return QStringLiteral("main"); }
 
+    // The school is opened read-only (its folder cannot be written, or another window holds it).
+    void setReadOnly(bool readOnly);
+    // The program ended without closing last time: the store is checked before it is used.
+    void setCheckFirst(bool check) { m_checkFirst = check; }
     void start();
     AppContext &context() { return m_ctx; }
     frmStartLogin *loginScreen() const { return m_login.get(); }
@@ -47,4 +51,5 @@ private:
     std::unique_ptr<mdiTimeTable> m_main;
     QPointer<mdiTimeTable> m_retired; // the window of a session that ended, until its deferred delete
     bool m_connected = false;
+    bool m_checkFirst = false;
 };

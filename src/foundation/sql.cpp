@@ -7,6 +7,8 @@
 namespace {
 QString errorText(const QSqlError &error)
 {
+    if (Sql::isBusy(error))
+        return StoreBusy::busyText();
     const QString driver = error.driverText().trimmed();
     const QString database = error.databaseText().trimmed();
     if (database.isEmpty())
@@ -15,16 +17,32 @@ QString errorText(const QSqlError &error)
 }
 }
 
+bool Sql::isBusy(const QSqlError &error)
+{
+    bool number = false;
+    const int code = error.nativeErrorCode().toInt(&number) & 0xff;
+    return number && (code == 5 || code == 6); // SQLITE_BUSY, SQLITE_LOCKED
+}
+
+void Sql::throwError(const QSqlError &error)
+{
+    if ((error.nativeErrorCode().toInt() & 0xff) == 8) // SQLITE_READONLY
+        throw StoreError(QStringLiteral("This School Is Open Read-Only: Nothing Can Be Changed Or Saved"));
+    if (isBusy(error))
+        throw StoreBusy(StoreBusy::busyText());
+    throw StoreError(errorText(error));
+}
+
 QSqlQuery Sql::run(const QString &statement, const QVariantList &values) const
 {
     QSqlQuery query(m_db);
     query.setForwardOnly(true);
     if (!query.prepare(statement))
-        throw StoreError(errorText(query.lastError()));
+        throwError(query.lastError());
     for (const QVariant &value : values)
         query.addBindValue(value);
     if (!query.exec())
-        throw StoreError(errorText(query.lastError()));
+        throwError(query.lastError());
     return query;
 }
 

@@ -3,6 +3,8 @@
 #include <QSqlQuery>
 #include <QVariant>
 
+class QSqlError;
+
 // Runs statements with bound values on one connection. Every failure throws StoreError with the
 // driver's text, so a Save can stop at its first failed statement and let its Transaction roll back.
 class Sql
@@ -20,6 +22,11 @@ public:
     void script(const QString &statements) const;
 
     QSqlDatabase db() const { return m_db; }
+
+    // True when the store refused because another connection holds it (after the wait ran out).
+    static bool isBusy(const QSqlError &error);
+    // Throws the error as StoreError, or as StoreBusy with words for the user when another writer holds the store.
+    [[noreturn]] static void throwError(const QSqlError &error);
 
     // Table and column names are never user text; this guards the few places that take one as a parameter.
     static QString identifier(const QString &name);

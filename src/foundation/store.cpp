@@ -12,10 +12,12 @@
 
 namespace {
 
-QSqlDatabase connect(const QString &path, const QString &connectionName)
+QSqlDatabase connect(const QString &path, const QString &connectionName, bool readOnly = false)
 {
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
     db.setDatabaseName(path);
+    if (readOnly)
+        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
     if (!db.open()) {
         const QString text = db.lastError().text();
         db = QSqlDatabase();
@@ -66,6 +68,62 @@ void create(StoreFile file, const QString &path)
     }
 }
 
+int userVersion(const QSqlDatabase &db)
+{
+    return Sql(db).scalar(QStringLiteral("PRAGMA user_version")).toInt();
+}
+
+// Brings an older store up to this program's version: a copy of the file is kept first, and every step runs
+// in one transaction, so a failure leaves the store as it was.
+void upgrade(const QSqlDatabase &db, StoreFile file, const QString &path, int version)
+{
+    QStringList steps;
+    for (int from = version; from < Schema::Version; ++from) {
+        const QString step = Schema::upgradeScript(file, from);
+        if (step.isEmpty())
+            throw UnusableStore(Store::unusableText(
+                path, QStringLiteral("Its Version %1 Is Older Than This Program Can Read").arg(version)));
+        steps << step;
+    }
+    const QString copy = path + QStringLiteral(".version%1").arg(version);
+    QFile::remove(copy);
+    if (!QFile::copy(path, copy))
+        throw StoreError(QStringLiteral("Cannot keep a copy of %1 before it is upgraded")
+                             .arg(QDir::toNativeSeparators(path)));
+    const Sql sql(db);
+    Transaction transaction(db);
+    for (const QString &step : steps)
+        sql.script(step);
+    sql.run(QStringLiteral("PRAGMA user_version = %1").arg(Schema::Version));
+    transaction.commit();
+}
+
+// The checks an existing file passes before anything reads or writes it.
+void recognise(const QSqlDatabase &db, StoreFile file, const QString &path, Store::Access access)
+{
+    int version = 0;
+    try {
+        version = userVersion(db);
+        if (!Store::tableExists(db, Schema::keyTable(file)))
+            throw UnusableStore(Store::unusableText(
+                path, QStringLiteral("It Has No Table %1").arg(Schema::keyTable(file))));
+    } catch (const UnusableStore &) {
+        throw;
+    } catch (const StoreError &error) {
+        throw UnusableStore(Store::unusableText(path, error.text()));
+    }
+    if (version > Schema::Version)
+        throw UnusableStore(Store::unusableText(
+            path, QStringLiteral("It Was Made By A Newer Version Of Zarlo-TimeTable (%1; This One Reads %2)")
+                      .arg(version)
+                      .arg(Schema::Version)));
+    if (version < Schema::Version) {
+        if (access == Store::Access::ReadOnly)
+            throw UnusableStore(Store::unusableText(path, QStringLiteral("It Must Be Upgraded, And It Is Read-Only")));
+        upgrade(db, file, path, version);
+    }
+}
+
 QStringList splitCamel(const QString &name)
 {
     QStringList words;
@@ -87,20 +145,75 @@ QStringList splitCamel(const QString &name)
 
 }
 
-QSqlDatabase Store::open(StoreFile file, const QString &folder, const QString &connectionName)
+QSqlDatabase Store::open(StoreFile file, const QString &folder, const QString &connectionName, Access access)
 {
     const QString path = QDir(folder).filePath(Schema::fileName(file));
-    if (!QFileInfo::exists(path))
+    if (!QFileInfo::exists(path)) {
+        if (access == Access::ReadOnly)
+            throw UnusableStore(unusableText(path, QStringLiteral("It Does Not Exist")));
         create(file, path);
-    QSqlDatabase db = connect(path, connectionName);
-    QSqlQuery pragma(db);
-    if (!pragma.exec(QStringLiteral("PRAGMA foreign_keys = ON"))) {
-        const QString text = pragma.lastError().text();
-        pragma = QSqlQuery();
+    } else if (const QString problem = headerProblem(path, file); !problem.isEmpty()) {
+        throw UnusableStore(unusableText(path, problem));
+    }
+    QSqlDatabase db = connect(path, connectionName, access == Access::ReadOnly);
+    try {
+        recognise(db, file, path, access);
+        Sql(db).run(QStringLiteral("PRAGMA foreign_keys = ON"));
+    } catch (const StoreError &) {
+        db = QSqlDatabase();
         close(connectionName);
-        throw StoreError(text);
+        throw;
     }
     return db;
+}
+
+QString Store::headerProblem(const QString &path, StoreFile file)
+{
+    QFile handle(path);
+    if (!handle.open(QIODevice::ReadOnly))
+        return QStringLiteral("It Cannot Be Read (%1)").arg(handle.errorString());
+    const qint64 size = handle.size();
+    if (size == 0)
+        return QStringLiteral("It Is Empty");
+    const QByteArray header = handle.read(100);
+    if (header.size() < 100 || !header.startsWith(QByteArray("SQLite format 3\0", 16)))
+        return QStringLiteral("It Is Not A Database");
+    const auto byte = [&](int i) { return quint32(quint8(header.at(i))); };
+    const auto word = [&](int i) { return (byte(i) << 24) | (byte(i + 1) << 16) | (byte(i + 2) << 8) | byte(i + 3); };
+    const quint32 id = word(68);
+    if (id != quint32(Schema::applicationId(file))) {
+        for (StoreFile other : {StoreFile::Main, StoreFile::BackupHistory, StoreFile::Help})
+            if (id == quint32(Schema::applicationId(other)))
+                return QStringLiteral("It Is The File '%1', Not '%2'")
+                    .arg(Schema::fileName(other), Schema::fileName(file));
+        return QStringLiteral("It Is A Database Of Another Program");
+    }
+    // The page count in the header is valid while its "valid for" counter equals the change counter.
+    const quint32 pageSize = (byte(16) << 8 | byte(17)) == 1 ? 65536 : (byte(16) << 8 | byte(17));
+    const quint32 pages = word(28);
+    if (word(24) == word(92) && qint64(pageSize) * pages > size)
+        return QStringLiteral("It Is Cut Short: %1 Of Its %2 Bytes Are There")
+            .arg(size).arg(qint64(pageSize) * pages);
+    return {};
+}
+
+QString Store::integrityProblem(const QSqlDatabase &db)
+{
+    QSqlQuery query(db);
+    if (!query.exec(QStringLiteral("PRAGMA quick_check(5)")))
+        return query.lastError().text();
+    QStringList found;
+    while (query.next())
+        found << query.value(0).toString();
+    if (found == QStringList{QStringLiteral("ok")})
+        return {};
+    return found.join(QLatin1String("; "));
+}
+
+QString Store::unusableText(const QString &path, const QString &cause)
+{
+    return QStringLiteral("The File '%1' Cannot Be Used: %2. It Has Been Left As It Is.")
+        .arg(QDir::toNativeSeparators(path), cause);
 }
 
 void Store::close(const QString &connectionName)
@@ -115,16 +228,7 @@ void Store::close(const QString &connectionName)
 
 bool Store::isOurs(const QString &path, StoreFile file)
 {
-    QFile handle(path);
-    if (!handle.open(QIODevice::ReadOnly))
-        return false;
-    // The SQLite header: the magic text, then the application id as a big-endian integer at offset 68.
-    const QByteArray header = handle.read(100);
-    if (header.size() < 100 || !header.startsWith("SQLite format 3"))
-        return false;
-    const auto byte = [&](int i) { return quint32(quint8(header.at(i))); };
-    const quint32 id = (byte(68) << 24) | (byte(69) << 16) | (byte(70) << 8) | byte(71);
-    return id == quint32(Schema::applicationId(file));
+    return QFileInfo::exists(path) && headerProblem(path, file).isEmpty();
 }
 
 bool Store::tableExists(const QSqlDatabase &db, const QString &table)

@@ -11,9 +11,22 @@
 class Store
 {
 public:
+    enum class Access { ReadWrite, ReadOnly };
+
     // Opens `file` in `folder` as connection `connectionName`, first creating it with every table and seed
-    // row when it does not exist. Foreign keys are switched on. Throws StoreError.
-    static QSqlDatabase open(StoreFile file, const QString &folder, const QString &connectionName);
+    // row when it does not exist (never in ReadOnly). An existing file is recognised before it is used: it must
+    // carry this program's mark, hold its key table and be of a version this program reads (an older one is
+    // upgraded in one transaction after a copy is kept). Foreign keys are switched on. Throws StoreError;
+    // UnusableStore names the file and the cause, and the file is left as it was.
+    static QSqlDatabase open(StoreFile file, const QString &folder, const QString &connectionName,
+                             Access access = Access::ReadWrite);
+    // Why the file at `path` cannot be used as `file`, read from its header alone; empty when it looks like
+    // ours (a missing file is not looked at here).
+    static QString headerProblem(const QString &path, StoreFile file);
+    // SQLite's quick check of an open store: empty when it passes, else what it found (first lines).
+    static QString integrityProblem(const QSqlDatabase &db);
+    // The words for a file that cannot be used: its path and the cause.
+    static QString unusableText(const QString &path, const QString &cause);
     // Closes and forgets the connection; every query on it must be gone already.
     static void close(const QString &connectionName);
     // True when `path` is a store file of this program of the given kind (a restore checks this first).

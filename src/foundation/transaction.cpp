@@ -1,4 +1,5 @@
 #include "transaction.h"
+#include "sql.h"
 #include "storeerror.h"
 
 #include <QHash>
@@ -16,7 +17,7 @@ void execOrThrow(const QSqlDatabase &db, const QString &statement)
 {
     QSqlQuery query(db);
     if (!query.exec(statement))
-        throw StoreError(query.lastError().text());
+        Sql::throwError(query.lastError());
 }
 
 QString savepoint(int depth)
@@ -30,8 +31,9 @@ Transaction::Transaction(const QSqlDatabase &db)
 {
     int &depth = depths()[m_db.connectionName()];
     if (depth == 0) {
-        if (!m_db.transaction())
-            throw StoreError(m_db.lastError().text());
+        // The write lock is taken now, before the step reads what it depends on: a second writer waits here
+        // (up to the connection's busy timeout) instead of failing later on a stale read.
+        execOrThrow(m_db, QStringLiteral("BEGIN IMMEDIATE"));
     } else {
         execOrThrow(m_db, QStringLiteral("SAVEPOINT ") + savepoint(depth));
     }
@@ -56,10 +58,11 @@ void Transaction::commit()
     m_done = true;
     depths()[m_db.connectionName()] = m_depth - 1;
     if (m_depth == 1) {
-        if (!m_db.commit()) {
-            const QString text = m_db.lastError().text();
-            m_db.rollback();
-            throw StoreError(text);
+        QSqlQuery query(m_db);
+        if (!query.exec(QStringLiteral("COMMIT"))) {
+            const QSqlError error = query.lastError();
+            QSqlQuery(m_db).exec(QStringLiteral("ROLLBACK"));
+            Sql::throwError(error);
         }
     } else {
         execOrThrow(m_db, QStringLiteral("RELEASE ") + savepoint(m_depth - 1));
@@ -73,7 +76,7 @@ void Transaction::rollback()
     m_done = true;
     depths()[m_db.connectionName()] = m_depth - 1;
     if (m_depth == 1) {
-        m_db.rollback();
+        QSqlQuery(m_db).exec(QStringLiteral("ROLLBACK"));
     } else {
         execOrThrow(m_db, QStringLiteral("ROLLBACK TO ") + savepoint(m_depth - 1));
         execOrThrow(m_db, QStringLiteral("RELEASE ") + savepoint(m_depth - 1));

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTemporaryDir>
@@ -24,6 +25,59 @@ private:
         while (query.next())
             names << query.value(0).toString();
         return names;
+    }
+
+    static QByteArray contents(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    static void writeFile(const QString &path, const QByteArray &bytes)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+    }
+
+    // Runs statements on a plain SQLite connection to `path`, outside the store's own code.
+    static void sqlite(const QString &path, const QStringList &statements)
+    {
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("plain"));
+            db.setDatabaseName(path);
+            QVERIFY(db.open());
+            for (const QString &statement : statements)
+                QVERIFY2(QSqlQuery(db).exec(statement), qPrintable(statement));
+            db.close();
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("plain"));
+    }
+
+    static void makeFile(const QTemporaryDir &dir, const QString &kind)
+    {
+        const QString path = dir.filePath(QStringLiteral("TimeTable.mdb"));
+        const QString ours = QString::number(Schema::applicationId(StoreFile::Main));
+        if (kind == QLatin1String("empty")) {
+            writeFile(path, {});
+        } else if (kind == QLatin1String("text")) {
+            writeFile(path, QByteArray("Class,Teacher\n5A,Rao\n").repeated(20));
+        } else if (kind == QLatin1String("foreign")) {
+            sqlite(path, {QStringLiteral("CREATE TABLE SchoolSetup (x)")});
+        } else if (kind == QLatin1String("bare")) {
+            sqlite(path, {QStringLiteral("PRAGMA application_id = ") + ours, QStringLiteral("CREATE TABLE x (y)")});
+        } else if (kind == QLatin1String("help")) {
+            Store::open(StoreFile::Help, dir.path(), QStringLiteral("help"));
+            Store::close(QStringLiteral("help"));
+            QVERIFY(QFile::rename(dir.filePath(Schema::fileName(StoreFile::Help)), path));
+        } else {
+            Store::open(StoreFile::Main, dir.path(), QStringLiteral("made"));
+            Store::close(QStringLiteral("made"));
+            if (kind == QLatin1String("newer"))
+                sqlite(path, {QStringLiteral("PRAGMA user_version = %1").arg(Schema::Version + 1)});
+            if (kind == QLatin1String("truncated"))
+                QVERIFY(QFile::resize(path, QFileInfo(path).size() / 2));
+        }
     }
 
 private slots:
@@ -181,6 +235,89 @@ private slots:
         QVERIFY(Store::tableExists(backup, QStringLiteral("BackupDatabase")));
         QVERIFY(Store::tableExists(backup, QStringLiteral("RestoreDatabase")));
         Store::close(QStringLiteral("backup"));
+    }
+
+    // A file that is not a usable store of ours is refused with its path and the cause, and not changed.
+    void unusableFilesAreRefusedUntouched_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("cause");
+        QTest::newRow("empty") << "empty" << "It Is Empty";
+        QTest::newRow("text") << "text" << "It Is Not A Database";
+        QTest::newRow("foreign database") << "foreign" << "It Is A Database Of Another Program";
+        QTest::newRow("help file under the main name") << "help" << "It Is The File 'TimeTablehelp.mdb'";
+        QTest::newRow("cut short") << "truncated" << "It Is Cut Short";
+        QTest::newRow("newer version") << "newer" << "It Was Made By A Newer Version Of Zarlo-TimeTable";
+        QTest::newRow("our mark, no tables") << "bare" << "It Has No Table SchoolSetup";
+    }
+
+    void unusableFilesAreRefusedUntouched()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, cause);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("TimeTable.mdb"));
+        makeFile(dir, kind);
+        const QByteArray before = contents(path);
+
+        for (Store::Access access : {Store::Access::ReadWrite, Store::Access::ReadOnly}) {
+            try {
+                Store::open(StoreFile::Main, dir.path(), QStringLiteral("refused"), access);
+                QFAIL("the file was taken as a store");
+            } catch (const UnusableStore &error) {
+                QVERIFY2(error.text().contains(QDir::toNativeSeparators(path)), qPrintable(error.text()));
+                QVERIFY2(error.text().contains(cause), qPrintable(error.text()));
+            }
+            QVERIFY(!QSqlDatabase::contains(QStringLiteral("refused")));
+        }
+        QCOMPARE(contents(path), before);
+    }
+
+    void damageIsFoundByTheQuickCheck()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("TimeTable.mdb"));
+        QCOMPARE(Store::integrityProblem(Store::open(StoreFile::Main, dir.path(), QStringLiteral("whole"))), QString());
+        Store::close(QStringLiteral("whole"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const qint64 pageSize = 4096;
+        QVERIFY(file.size() > 8 * pageSize);
+        for (qint64 page = 2; page < file.size() / pageSize; page += 3) {
+            file.seek(page * pageSize);
+            file.write(QByteArray(64, char(0x7f)));
+        }
+        file.close();
+        QVERIFY(!Store::integrityProblem(Store::open(StoreFile::Main, dir.path(), QStringLiteral("damaged"))).isEmpty());
+        Store::close(QStringLiteral("damaged"));
+    }
+
+    // A writer holds the store from its first read: a second one is told in words, readers go on reading.
+    void secondWriterIsToldAndReadersRead()
+    {
+        TestStore store;
+        Transaction first(store.db());
+        Sql(store.db()).run(QStringLiteral("INSERT INTO StateMaster VALUES (7, 'Goa')"));
+
+        const QString name = QStringLiteral("second");
+        {
+            QSqlDatabase second = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+            second.setDatabaseName(store.db().databaseName());
+            second.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=1"));
+            QVERIFY(second.open());
+            QCOMPARE(Sql(second).scalar(QStringLiteral("SELECT COUNT(*) FROM StateMaster")).toInt(), 1);
+            try {
+                Transaction other(second);
+                QFAIL("a second writer began while the first held the store");
+            } catch (const StoreBusy &busy) {
+                QCOMPARE(busy.text(), StoreBusy::busyText());
+            }
+            QVERIFY(!Transaction::isOpen(second));
+        }
+        Store::close(name);
+        first.commit();
+        QCOMPARE(store.scalar(QStringLiteral("SELECT StateName FROM StateMaster WHERE StateCode = 7")),
+                 QVariant(QStringLiteral("Goa")));
     }
 
     void unopenableFolderReportsTheStoresText()
