@@ -15,7 +15,7 @@ int addUser(const QSqlDatabase &db, const QString &name, const QString &loginId,
     const NewUserResult user = addUserWithLogin(db, name, loginId, password, allPrivileges);
     if (!user.saved) {
         err << user.message << '\n';
-        return 1;
+        return 2;
     }
     out << "User " << name.trimmed() << " (" << user.userCode << ") can log in as " << loginId.trimmed()
         << (allPrivileges ? " with every privilege" : " with no privilege yet") << '\n';
