@@ -2,7 +2,6 @@
 #include "messageservice.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QDir>
 #include <QGridLayout>
@@ -52,11 +51,7 @@ frmHelp::frmHelp(AppContext &ctx, QWidget *parent)
     connect(m_cmdExit, &QPushButton::clicked, this, [this] { Screen::closeScreen(this); });
     connect(m_tvwDisplay, &QTreeWidget::itemClicked, this, &frmHelp::nodeClicked);
 
-    try {
-        m_pages = HelpBook(ctx.dataFolder).pages();
-    } catch (const StoreError &error) {
-        ctx.messages->critical(error.text());
-    }
+    Screen::guarded(ctx, [&] { m_pages = HelpBook(ctx.dataFolder).pages(); });
     for (const HelpPage &page : std::as_const(m_pages))
         new QTreeWidgetItem(m_tvwDisplay, {page.screenName});
     showScreen(ctx.session.helpScreenNo);

@@ -5,7 +5,6 @@
 #include "privilegetree.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 #include "userprivileges.h"
 
 #include <QComboBox>
@@ -64,12 +63,11 @@ frmUtilUserPrivilegeMaster::frmUtilUserPrivilegeMaster(AppContext &ctx, QWidget 
 
 void frmUtilUserPrivilegeMaster::buildLayout()
 {
-    const auto button = [this](const char *name, const QString &caption) { return Screen::button(this, name, caption); };
-    m_cmdNew = button("cmdNew", QStringLiteral("&New"));
-    m_cmdEdit = button("cmdEdit", QStringLiteral("&Edit"));
-    m_cmdSave = button("cmdSave", QStringLiteral("&Save"));
-    m_cmdCancel = button("cmdCancel", QStringLiteral("&Cancel"));
-    m_cmdExit = button("cmdExit", QStringLiteral("E&xit"));
+    m_cmdNew = Screen::button(this, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
 
     m_tvwDisplay = new QTreeWidget(this);
     m_tvwDisplay->setObjectName(QStringLiteral("tvwDisplay"));
@@ -177,13 +175,11 @@ bool frmUtilUserPrivilegeMaster::event(QEvent *event)
 
 void frmUtilUserPrivilegeMaster::reloadUsers()
 {
-    try {
+    Screen::guarded(m_ctx, [this] {
         const QList<CodeName> users = service().users();
         for (QComboBox *combo : {m_dbcUserName, m_dbcFromUser, m_dbcToUser})
             CodeCombo::fill(combo, users, true, CodeCombo::code(combo));
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }
 
 void frmUtilUserPrivilegeMaster::setMode(Mode mode)
@@ -202,24 +198,19 @@ void frmUtilUserPrivilegeMaster::setMode(Mode mode)
     } else {
         // Copying needs its own privilege; the frame stays off for a user without it.
         bool mayCopy = false;
-        try {
-            mayCopy = CheckPrivilege(m_ctx, formName(), Privileges::Copy);
-        } catch (const StoreError &error) {
-            m_ctx.messages->critical(error.text());
-        }
+        Screen::guarded(m_ctx, [&] { mayCopy = CheckPrivilege(m_ctx, formName(), Privileges::Copy); });
         m_Frame4->setEnabled(mayCopy);
     }
 }
 
 void frmUtilUserPrivilegeMaster::startEntry(Mode mode)
 {
-    try {
-        if (!AllowedOrSay(m_ctx, formName(), mode == Mode::New ? Privileges::New : Privileges::Edit))
-            return;
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    bool allowed = false;
+    Screen::guarded(m_ctx, [&] {
+        allowed = AllowedOrSay(m_ctx, formName(), mode == Mode::New ? Privileges::New : Privileges::Edit);
+    });
+    if (!allowed)
         return;
-    }
     setMode(mode);
     if (mode == Mode::Edit && CodeCombo::code(m_dbcUserName) > 0)
         m_cmdSave->setFocus();
@@ -238,15 +229,13 @@ void frmUtilUserPrivilegeMaster::userChosen()
     checkNodes(QList<bool>(m_items.size(), false));
     if (userCode <= 0)
         return;
-    try {
+    Screen::guarded(m_ctx, [&] {
         const std::optional<StoredLogin> stored = service().login(userCode);
         if (stored
             && m_ctx.messages->question(
                 QStringLiteral("Privilege Already Exists To This User. Do You Want To View The Details ?")))
             showStoredLogin(*stored);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }
 
 void frmUtilUserPrivilegeMaster::showStoredLogin(const StoredLogin &stored)
@@ -274,14 +263,12 @@ void frmUtilUserPrivilegeMaster::loginIdLeft()
     if (!m_txtLoginID->isModified() || m_txtLoginID->text().trimmed().isEmpty())
         return;
     m_txtLoginID->setModified(false);
-    try {
+    Screen::guarded(m_ctx, [this] {
         if (service().loginIdTaken(m_txtLoginID->text(), CodeCombo::code(m_dbcUserName))) {
             m_ctx.messages->information(QStringLiteral("Login ID Already Exists"));
             m_txtLoginID->setFocus();
         }
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }
 
 void frmUtilUserPrivilegeMaster::rePasswordLeft()
@@ -334,12 +321,8 @@ void frmUtilUserPrivilegeMaster::save()
     entry.blocked = m_cboBlocked->currentText();
     entry.checked = checkedNodes();
     LoginSaveResult result;
-    try {
-        result = service().save(entry, m_ctx.session.userCode);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    if (!Screen::guarded(m_ctx, [&] { result = service().save(entry, m_ctx.session.userCode); }))
         return;
-    }
     m_ctx.messages->information(result.message);
     if (!result.saved) {
         if (result.clearPasswords) {
@@ -388,14 +371,12 @@ void frmUtilUserPrivilegeMaster::exitScreen()
 
 void frmUtilUserPrivilegeMaster::copyPrivileges()
 {
-    try {
+    Screen::guarded(m_ctx, [this] {
         if (!AllowedOrSay(m_ctx, formName(), Privileges::Copy))
             return;
         const CopyResult result =
             service().copy(CodeCombo::code(m_dbcFromUser), CodeCombo::code(m_dbcToUser), *m_ctx.messages);
         if (!result.message.isEmpty())
             m_ctx.messages->information(result.message);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }

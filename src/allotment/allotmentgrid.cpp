@@ -2,7 +2,6 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QSignalBlocker>
 
 using namespace AllotmentColumn;
 
@@ -194,15 +193,6 @@ void AllotmentGrid::CellCombo::wheelEvent(QWheelEvent *event)
     m_browsing = true;
     QComboBox::wheelEvent(event);
     m_browsing = false;
-}
-
-void AllotmentGrid::fillList(QComboBox *combo, const QList<WorkAllotment::ListEntry> &entries, int keepCode)
-{
-    const QSignalBlocker blocker(combo);
-    combo->clear();
-    for (const WorkAllotment::ListEntry &entry : entries)
-        combo->addItem(entry.name, entry.code);
-    combo->setCurrentIndex(qMax(0, combo->findData(keepCode)));
 }
 
 QTableWidget *AllotmentGrid::makeSnapshotGrid(QWidget *parent)

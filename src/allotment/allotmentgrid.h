@@ -53,8 +53,6 @@ public:
     void showGroups(int r, const GroupNumbers &groups);
     void setPeriods(int r, int periods);
 
-    // Fills a combo with a list's entries, each carrying its code, and keeps the entry of `keepCode` chosen.
-    static void fillList(QComboBox *combo, const QList<WorkAllotment::ListEntry> &entries, int keepCode = 0);
     // The hidden grid that keeps the teacher's rows as stored and what the last Save's comparison found.
     static QTableWidget *makeSnapshotGrid(QWidget *parent);
     static void showSnapshot(QTableWidget *grid, const QList<StoredAllotment> &snapshot);

@@ -16,30 +16,30 @@ QString withEnteredRows(const char *statement)
 
 }
 
-QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::items(const QString &statement,
+QList<CodeName> ClassTeacherAllotment::items(const QString &statement,
                                                                 const QVariantList &values) const
 {
-    QList<Item> list;
+    QList<CodeName> list;
     QSqlQuery query = Sql(m_db).run(statement, values);
     while (query.next())
         list.append({query.value(0).toInt(), query.value(1).toString()});
     return list;
 }
 
-QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::classes() const
+QList<CodeName> ClassTeacherAllotment::classes() const
 {
     return items(QStringLiteral("SELECT ClassCode, ClassName FROM ClassDivisionMaster WHERE ClassCode > 0 "
                                 "ORDER BY ClassOrder, ClassName"));
 }
 
-QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::divisions(int classCode) const
+QList<CodeName> ClassTeacherAllotment::divisions(int classCode) const
 {
     return items(QStringLiteral("SELECT DivisionCode, DivisionName FROM ClassDivisionDetails "
                                 "WHERE ClassCode = ? AND DivisionCode > 0 ORDER BY DivisionName"),
                  {classCode});
 }
 
-QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::teachers(int classCode, int division) const
+QList<CodeName> ClassTeacherAllotment::teachers(int classCode, int division) const
 {
     return items(withEnteredRows("SELECT DISTINCT t.TeacherCode, t.TeacherName FROM WorkAllotmentEntry w "
                                  "JOIN TeacherMaster t ON t.TeacherCode = w.TeacherCode "
@@ -48,7 +48,7 @@ QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::teachers(int classCode
                  {classCode, division});
 }
 
-QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::subjects(int classCode, int division, int teacher) const
+QList<CodeName> ClassTeacherAllotment::subjects(int classCode, int division, int teacher) const
 {
     return items(withEnteredRows("SELECT DISTINCT s.SubjectCode, s.SubjectName FROM WorkAllotmentEntry w "
                                  "JOIN SubjectMaster s ON s.SubjectCode = w.SubjectCode "
@@ -57,7 +57,7 @@ QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::subjects(int classCode
                  {classCode, division, teacher, teacher});
 }
 
-QList<ClassTeacherAllotment::Item> ClassTeacherAllotment::periods() const
+QList<CodeName> ClassTeacherAllotment::periods() const
 {
     return items(QStringLiteral("SELECT PeriodCode, PeriodName FROM PeriodDuration WHERE PeriodCode > 0 "
                                 "ORDER BY PeriodCode"));

@@ -1,4 +1,6 @@
 #pragma once
+#include "codename.h"
+
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
@@ -13,13 +15,6 @@ class MessageService;
 class ClassTeacherAllotment
 {
 public:
-    // One row of a drop-down list: its code and the text shown.
-    struct Item
-    {
-        int code = 0;
-        QString name;
-    };
-
     // A class teacher entry as stored, with the names the screen shows.
     struct Entry
     {
@@ -66,14 +61,14 @@ public:
 
     explicit ClassTeacherAllotment(const QSqlDatabase &db) : m_db(db) {}
 
-    QList<Item> classes() const;
-    QList<Item> divisions(int classCode) const;
+    QList<CodeName> classes() const;
+    QList<CodeName> divisions(int classCode) const;
     // Teachers with work of their own in the class division; rows the combined screens generated do not
     // count, so a teacher who only shares a combined group there is not offered.
-    QList<Item> teachers(int classCode, int division) const;
+    QList<CodeName> teachers(int classCode, int division) const;
     // The teacher's subjects in the class division under the same rule, or all its subjects for teacher 0.
-    QList<Item> subjects(int classCode, int division, int teacher) const;
-    QList<Item> periods() const;
+    QList<CodeName> subjects(int classCode, int division, int teacher) const;
+    QList<CodeName> periods() const;
 
     std::optional<Entry> entryOfClassDivision(int classCode, int division) const;
     std::optional<Entry> entryOfTeacher(int teacher) const;
@@ -95,7 +90,7 @@ public:
 
 private:
     std::optional<Entry> readEntry(const QString &where, const QVariantList &values) const;
-    QList<Item> items(const QString &statement, const QVariantList &values = {}) const;
+    QList<CodeName> items(const QString &statement, const QVariantList &values = {}) const;
 
     QSqlDatabase m_db;
 };

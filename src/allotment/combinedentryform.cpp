@@ -1,10 +1,10 @@
 #include "combinedentryform.h"
+#include "codecombo.h"
 #include "combinedsearchform.h"
 #include "messageservice.h"
 #include "privileges.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -25,26 +25,16 @@ QComboBox *combo(QWidget *parent, const QString &name)
     return box;
 }
 
-void fill(QComboBox *combo, const QList<Combined::Choice> &choices)
+void fill(QComboBox *combo, const QList<CodeName> &choices)
 {
-    const QSignalBlocker quiet(combo);
-    combo->clear();
-    for (const Combined::Choice &choice : choices)
-        combo->addItem(choice.name, choice.code);
-    combo->setCurrentIndex(combo->count() > 0 ? 0 : -1);
+    CodeCombo::fill(combo, choices, false);
     Screen::WidenDropDown(combo);
-}
-
-int code(const QComboBox *combo)
-{
-    return combo->currentIndex() < 0 ? 0 : combo->currentData().toInt();
 }
 
 void select(QComboBox *combo, int code)
 {
     const QSignalBlocker quiet(combo);
-    const int index = combo->findData(code);
-    combo->setCurrentIndex(index >= 0 ? index : (combo->count() > 0 ? 0 : -1));
+    CodeCombo::select(combo, code);
 }
 
 QTableWidget *grid(QWidget *parent, const QString &name, const QStringList &headers, int visibleColumns,
@@ -81,28 +71,18 @@ void show(QTableWidget *grid, const QList<QStringList> &rows)
 
 }
 
-namespace {
-QPushButton *button(QWidget *parent, const QString &caption, const QString &name)
-{
-    auto *push = new QPushButton(caption, parent);
-    push->setObjectName(name);
-    push->setAutoDefault(false);
-    return push;
-}
-}
-
 CombinedEntryForm::CombinedEntryForm(AppContext &ctx, Combined::Kind kind, QWidget *parent)
     : QWidget(parent), m_ctx(ctx), m_kind(kind), m_groups(ctx.db(), kind)
 {
     setObjectName(Combined::formName(kind));
     setWindowTitle(Combined::caption(kind));
-    m_cmdNew = button(this, QStringLiteral("&New"), QStringLiteral("cmdNew"));
-    m_cmdEdit = button(this, QStringLiteral("&Edit"), QStringLiteral("cmdEdit"));
-    m_cmdDelete = button(this, QStringLiteral("&Delete"), QStringLiteral("cmdDelete"));
-    m_cmdSave = button(this, QStringLiteral("&Save"), QStringLiteral("cmdSave"));
-    m_cmdCancel = button(this, QStringLiteral("&Cancel"), QStringLiteral("cmdCancel"));
-    m_cmdSearch = button(this, QStringLiteral("Sea&rch"), QStringLiteral("cmdSearch"));
-    m_cmdExit = button(this, QStringLiteral("E&xit"), QStringLiteral("cmdExit"));
+    m_cmdNew = Screen::button(this, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdDelete = Screen::button(this, "cmdDelete", QStringLiteral("&Delete"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdSearch = Screen::button(this, "cmdSearch", QStringLiteral("Sea&rch"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
     m_lblGroupNo = new QLabel(this);
     m_lblGroupNo->setObjectName(QStringLiteral("lblGroupNo"));
 
@@ -132,17 +112,6 @@ void CombinedEntryForm::finish(QLayout *content, const QList<QWidget *> &frames)
 
     Screen::applyConventions(this, m_ctx, Combined::helpScreenNo(m_kind));
     reset();
-}
-
-bool CombinedEntryForm::guarded(const std::function<void()> &step)
-{
-    try {
-        step();
-        return true;
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-        return false;
-    }
 }
 
 bool CombinedEntryForm::accept(const Combined::Verdict &verdict)
@@ -189,14 +158,14 @@ void CombinedEntryForm::reset()
     m_keptKey = {};
     m_groupNo = 0;
     m_state = State::Idle;
-    guarded([this] { clearEntry(); });
+    Screen::guarded(m_ctx, [this] { clearEntry(); });
     setState(State::Idle);
 }
 
 void CombinedEntryForm::loadChosenGroup(const Combined::Key &key, int groupNo)
 {
     reset();
-    const bool loaded = guarded([&] {
+    const bool loaded = Screen::guarded(m_ctx, [&] {
         showGroup(key, groupNo);
         m_keptKey = key;
         m_groupNo = groupNo;
@@ -220,7 +189,7 @@ void CombinedEntryForm::editEntry()
     if (!AllowedOrSay(m_ctx, objectName(), Privileges::Edit))
         return;
     bool placed = false;
-    if (!guarded([&] { placed = m_groups.placedPeriods(m_keptKey); }))
+    if (!Screen::guarded(m_ctx, [&] { placed = m_groups.placedPeriods(m_keptKey); }))
         return;
     if (placed) {
         m_ctx.messages->information(Combined::cannotEditText());
@@ -237,7 +206,7 @@ void CombinedEntryForm::deleteEntry()
         return;
     if (!m_ctx.messages->question(Combined::deleteQuestion(m_kind)))
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         const QString refusal = m_groups.deleteRefusal(m_keptKey);
         if (!refusal.isEmpty()) {
             m_ctx.messages->information(refusal);
@@ -253,7 +222,7 @@ void CombinedEntryForm::save()
 {
     const bool wasEditing = editing();
     bool written = false;
-    if (!guarded([&] { written = saveEntry(); }) || !written)
+    if (!Screen::guarded(m_ctx, [&] { written = saveEntry(); }) || !written)
         return;
     m_ctx.messages->information(wasEditing ? Texts::recordUpdated() : Texts::recordSaved());
     reset();

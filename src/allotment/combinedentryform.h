@@ -3,7 +3,6 @@
 
 #include <QPointer>
 #include <QWidget>
-#include <functional>
 
 class CombinedSearchForm;
 class QComboBox;
@@ -17,8 +16,9 @@ struct AppContext;
 // rows with one empty row below them.
 namespace CombinedUi {
 QComboBox *combo(QWidget *parent, const QString &name);
-void fill(QComboBox *combo, const QList<Combined::Choice> &choices);
-int code(const QComboBox *combo);
+// The blank entry comes with the store's list; each list opens wide enough for its longest name. select()
+// is quiet: a code the program chooses is not the user's choice.
+void fill(QComboBox *combo, const QList<CodeName> &choices);
 void select(QComboBox *combo, int code);
 // A read-only grid whose columns from `visibleColumns` on hold codes and are hidden. The visible columns share
 // the width, but for `narrowColumns`, which take the width of their contents.
@@ -51,8 +51,6 @@ protected:
     const Combined::Key &keptKey() const { return m_keptKey; }
     int groupNo() const { return m_groupNo; }
 
-    // Runs a step that touches the store; a store failure is shown and gives false.
-    bool guarded(const std::function<void()> &step);
     // Shows a refusal and does what it asks for; true when the action may go on.
     bool accept(const Combined::Verdict &verdict);
     // As Cancel: fields and grids cleared, lists reloaded, back to idle.

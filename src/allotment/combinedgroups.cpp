@@ -162,9 +162,9 @@ const char *const NameJoins =
     "JOIN ClassDivisionDetails d ON d.ClassCode = w.ClassCode AND d.DivisionCode = w.DivisionCode "
     "JOIN SubjectMaster s ON s.SubjectCode = w.SubjectCode ";
 
-QList<Choice> choices(const Sql &sql, const QString &statement, const QVariantList &values = {})
+QList<CodeName> choices(const Sql &sql, const QString &statement, const QVariantList &values = {})
 {
-    QList<Choice> list{{0, QString()}};
+    QList<CodeName> list{{0, QString()}};
     QSqlQuery query = sql.run(statement, values);
     while (query.next())
         list.append({query.value(0).toInt(), query.value(1).toString()});
@@ -244,13 +244,13 @@ int CombinedGroups::takeGroupNo() const
     return groupNo;
 }
 
-QList<Choice> CombinedGroups::classes() const
+QList<CodeName> CombinedGroups::classes() const
 {
     return choices(Sql(m_db), QStringLiteral("SELECT ClassCode, ClassName FROM ClassDivisionMaster WHERE ClassCode > 0 "
                                              "ORDER BY ClassOrder, ClassName"));
 }
 
-QList<Choice> CombinedGroups::divisionsOf(int classCode) const
+QList<CodeName> CombinedGroups::divisionsOf(int classCode) const
 {
     return choices(Sql(m_db),
                    QStringLiteral("SELECT DivisionCode, DivisionName FROM ClassDivisionDetails WHERE ClassCode = ? "
@@ -258,19 +258,19 @@ QList<Choice> CombinedGroups::divisionsOf(int classCode) const
                    {classCode});
 }
 
-QList<Choice> CombinedGroups::subjects() const
+QList<CodeName> CombinedGroups::subjects() const
 {
     return choices(Sql(m_db), QStringLiteral("SELECT SubjectCode, SubjectName FROM SubjectMaster WHERE SubjectCode > 0 "
                                              "ORDER BY SubjectName"));
 }
 
-QList<Choice> CombinedGroups::teachers() const
+QList<CodeName> CombinedGroups::teachers() const
 {
     return choices(Sql(m_db), QStringLiteral("SELECT TeacherCode, TeacherName FROM TeacherMaster WHERE TeacherCode > 0 "
                                              "ORDER BY TeacherName"));
 }
 
-QList<Choice> CombinedGroups::allottedClasses() const
+QList<CodeName> CombinedGroups::allottedClasses() const
 {
     return choices(Sql(m_db), QStringLiteral("SELECT DISTINCT c.ClassCode, c.ClassName, c.ClassOrder "
                                              "FROM WorkAllotmentEntry w JOIN ClassDivisionMaster c "
@@ -278,7 +278,7 @@ QList<Choice> CombinedGroups::allottedClasses() const
                                              "ORDER BY c.ClassOrder, c.ClassName"));
 }
 
-QList<Choice> CombinedGroups::allottedDivisions(int classCode) const
+QList<CodeName> CombinedGroups::allottedDivisions(int classCode) const
 {
     return choices(Sql(m_db),
                    QStringLiteral("SELECT DISTINCT d.DivisionCode, d.DivisionName FROM WorkAllotmentEntry w "
@@ -287,7 +287,7 @@ QList<Choice> CombinedGroups::allottedDivisions(int classCode) const
                    {classCode});
 }
 
-QList<Choice> CombinedGroups::allottedSubjects(int classCode, int division) const
+QList<CodeName> CombinedGroups::allottedSubjects(int classCode, int division) const
 {
     // A class division's generated Combined Teacher rows are other teachers' work, never a main row here.
     const QString generatedTeacherRows = m_kind == Kind::Teacher

@@ -1,4 +1,6 @@
 #pragma once
+#include "codename.h"
+
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
@@ -18,13 +20,6 @@ struct Key
     int division = 0;
     int subject = 0;
     friend bool operator==(const Key &, const Key &) = default;
-};
-
-// One entry of a drop-down: the code travels as item data.
-struct Choice
-{
-    int code = 0;
-    QString name;
 };
 
 // The answer of a check made before a pick, an add or a save. Anything but Go carries the text to show;
@@ -133,15 +128,15 @@ public:
     int takeGroupNo() const;
 
     // Blank first entry with code 0, then the rows above 0.
-    QList<Combined::Choice> classes() const; // by ClassOrder
-    QList<Combined::Choice> divisionsOf(int classCode) const;
-    QList<Combined::Choice> subjects() const;
-    QList<Combined::Choice> teachers() const;
+    QList<CodeName> classes() const; // by ClassOrder
+    QList<CodeName> divisionsOf(int classCode) const;
+    QList<CodeName> subjects() const;
+    QList<CodeName> teachers() const;
 
     // The main-row drop-downs of the class and teacher screens: what stands in WorkAllotmentEntry.
-    QList<Combined::Choice> allottedClasses() const;
-    QList<Combined::Choice> allottedDivisions(int classCode) const;
-    QList<Combined::Choice> allottedSubjects(int classCode, int division) const;
+    QList<CodeName> allottedClasses() const;
+    QList<CodeName> allottedDivisions(int classCode) const;
+    QList<CodeName> allottedSubjects(int classCode, int division) const;
     // The entered (not generated) row of the class division and subject; none when only a generated one is.
     std::optional<Combined::MainRow> mainRow(int classCode, int division, int subject) const;
     // The main row of one of this kind's groups (class and teacher groups; a subject group has none).

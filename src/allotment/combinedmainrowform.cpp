@@ -1,5 +1,7 @@
 #include "combinedmainrowform.h"
+#include "codecombo.h"
 #include "messageservice.h"
+#include "screen.h"
 #include "session.h"
 
 #include <QComboBox>
@@ -109,17 +111,17 @@ QWidget *CombinedMainRowForm::firstField() const
 
 int CombinedMainRowForm::chosenClass() const
 {
-    return CombinedUi::code(m_cboClass);
+    return CodeCombo::code(m_cboClass);
 }
 
 int CombinedMainRowForm::chosenDivision() const
 {
-    return CombinedUi::code(m_cboDivision);
+    return CodeCombo::code(m_cboDivision);
 }
 
 int CombinedMainRowForm::chosenSubject() const
 {
-    return CombinedUi::code(m_cboSubject);
+    return CodeCombo::code(m_cboSubject);
 }
 
 void CombinedMainRowForm::setMain(const Combined::MainRow &row)
@@ -168,7 +170,7 @@ void CombinedMainRowForm::listedClicked(int row)
 {
     if (!changing() || row < 0 || row >= listedCount())
         return;
-    guarded([&] {
+    Screen::guarded(m_ctx, [&] {
         if (listedPlaced()) {
             m_ctx.messages->information(Combined::groupPlacedText());
             if (m_resetWhenPlaced)
@@ -184,7 +186,7 @@ void CombinedMainRowForm::listedClicked(int row)
 bool CombinedMainRowForm::mayChangeMain()
 {
     bool placed = false;
-    if (!guarded([&] { placed = listedPlaced(); }))
+    if (!Screen::guarded(m_ctx, [&] { placed = listedPlaced(); }))
         return false;
     if (!placed)
         return true;
@@ -197,7 +199,7 @@ void CombinedMainRowForm::classChosen()
 {
     if (!mayChangeMain())
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         setMain({});
         CombinedUi::fill(m_cboSubject, {});
         CombinedUi::fill(m_cboDivision, m_groups.allottedDivisions(chosenClass()));
@@ -208,7 +210,7 @@ void CombinedMainRowForm::divisionChosen()
 {
     if (!mayChangeMain())
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         setMain({});
         CombinedUi::fill(m_cboSubject, m_groups.allottedSubjects(chosenClass(), chosenDivision()));
     });
@@ -218,7 +220,7 @@ void CombinedMainRowForm::subjectChosen()
 {
     if (!mayChangeMain())
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         setMain({});
         if (chosenSubject() <= 0)
             return;

@@ -1,9 +1,9 @@
 #include "combinedsearchform.h"
+#include "codecombo.h"
 #include "combinedentryform.h"
 #include "messageservice.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -30,14 +30,6 @@ QString idFieldName(Combined::Kind kind)
     return {};
 }
 
-QPushButton *button(QWidget *parent, const QString &caption, const QString &name)
-{
-    auto *push = new QPushButton(caption, parent);
-    push->setObjectName(name);
-    push->setAutoDefault(false);
-    return push;
-}
-
 }
 
 CombinedSearchForm::CombinedSearchForm(AppContext &ctx, Combined::Kind kind, QWidget *parent)
@@ -53,7 +45,7 @@ CombinedSearchForm::CombinedSearchForm(AppContext &ctx, Combined::Kind kind, QWi
     m_txtCombinedId = new QLineEdit(filters);
     m_txtCombinedId->setObjectName(idFieldName(kind));
     Screen::DigitsOnly(m_txtCombinedId, 9);
-    m_cmdSearch = button(filters, QStringLiteral("&Search"), QStringLiteral("cmdSearch"));
+    m_cmdSearch = Screen::button(filters, "cmdSearch", QStringLiteral("&Search"));
 
     auto *filterGrid = new QGridLayout(filters);
     filterGrid->addWidget(new QLabel(QStringLiteral("Class Name :"), filters), 0, 0);
@@ -77,8 +69,8 @@ CombinedSearchForm::CombinedSearchForm(AppContext &ctx, Combined::Kind kind, QWi
                                     6, {0, 5});
     auto *hint = new QLabel(QStringLiteral("Click a row to open its group."), this);
     hint->setEnabled(false);
-    m_cmdClear = button(this, QStringLiteral("&Clear"), QStringLiteral("cmdClear"));
-    m_cmdExit = button(this, QStringLiteral("E&xit"), QStringLiteral("cmdExit"));
+    m_cmdClear = Screen::button(this, "cmdClear", QStringLiteral("&Clear"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
 
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(hint);
@@ -96,22 +88,20 @@ CombinedSearchForm::CombinedSearchForm(AppContext &ctx, Combined::Kind kind, QWi
     connect(m_cmdExit, &QPushButton::clicked, this, &CombinedSearchForm::exitForm);
     connect(m_msgDetails, &QTableWidget::cellClicked, this, &CombinedSearchForm::rowClicked);
 
-    try {
+    Screen::guarded(ctx, [this] {
         CombinedUi::fill(m_cboClass, m_groups.classes());
         CombinedUi::fill(m_cboSubject, m_groups.subjects());
         CombinedUi::fill(m_cboTeacher, m_groups.teachers());
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
     Screen::applyConventions(this, ctx, Combined::helpScreenNo(kind));
 }
 
 Combined::SearchFilter CombinedSearchForm::filter() const
 {
     Combined::SearchFilter filter;
-    filter.classCode = CombinedUi::code(m_cboClass);
-    filter.subject = CombinedUi::code(m_cboSubject);
-    filter.teacher = CombinedUi::code(m_cboTeacher);
+    filter.classCode = CodeCombo::code(m_cboClass);
+    filter.subject = CodeCombo::code(m_cboSubject);
+    filter.teacher = CodeCombo::code(m_cboTeacher);
     bool number = false;
     const int groupNo = m_txtCombinedId->text().trimmed().toInt(&number);
     if (number)
@@ -131,11 +121,7 @@ void CombinedSearchForm::search()
         return;
     }
     m_rows.clear();
-    try {
-        m_rows = m_groups.search(wanted);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [&] { m_rows = m_groups.search(wanted); });
     QList<QStringList> cells;
     for (const Combined::SearchRow &row : std::as_const(m_rows)) {
         cells.append({QString::number(row.groupNo), row.teacherName, row.className, row.divisionName,
@@ -155,12 +141,8 @@ void CombinedSearchForm::rowClicked(int row)
         return;
     const Combined::SearchRow chosen = m_rows.at(row);
     bool stands = false;
-    try {
-        stands = m_groups.stillInGroup(chosen.key, chosen.groupNo);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    if (!Screen::guarded(m_ctx, [&] { stands = m_groups.stillInGroup(chosen.key, chosen.groupNo); }))
         return;
-    }
     if (!stands) {
         m_ctx.messages->information(QStringLiteral("Record Has Been Deleted In Master Screen"));
         return;

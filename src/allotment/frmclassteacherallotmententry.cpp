@@ -1,9 +1,9 @@
 #include "frmclassteacherallotmententry.h"
+#include "codecombo.h"
 #include "messageservice.h"
 #include "privileges.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QComboBox>
 #include <QFrame>
@@ -22,33 +22,14 @@ constexpr int HelpScreenNo = 13;
 constexpr int AllocationNo = 0;
 constexpr int AllocationYes = 1;
 
-// A list with the blank row first. Refills never count as the user's choice, so the combo stays silent.
-void fill(QComboBox *combo, const QList<ClassTeacherAllotment::Item> &items)
-{
-    const QSignalBlocker silent(combo);
-    combo->clear();
-    combo->addItem(QString(), 0);
-    for (const ClassTeacherAllotment::Item &item : items)
-        combo->addItem(item.name, item.code);
-    combo->setCurrentIndex(0);
-}
-
-int codeOf(const QComboBox *combo)
-{
-    return combo->currentIndex() < 0 ? 0 : combo->currentData().toInt();
-}
-
 // Shows the row with `code`; a stored entry whose row has left the list since is added, so it can still
 // be seen and deleted.
 void select(QComboBox *combo, int code, const QString &name = {})
 {
     const QSignalBlocker silent(combo);
-    int index = combo->findData(code);
-    if (index < 0 && code > 0) {
+    if (code > 0 && combo->findData(code) < 0)
         combo->addItem(name, code);
-        index = combo->count() - 1;
-    }
-    combo->setCurrentIndex(qMax(index, 0));
+    CodeCombo::select(combo, code);
 }
 
 }
@@ -101,17 +82,12 @@ void frmClassTeacherAllotmentEntry::buildLayout()
     grid->addWidget(m_lblAstrik, grid->rowCount(), 1, 1, 2);
     grid->setColumnStretch(1, 1);
 
-    const auto button = [this](const char *caption, const char *name) {
-        auto *push = new QPushButton(QString::fromLatin1(caption), this);
-        push->setObjectName(QString::fromLatin1(name));
-        return push;
-    };
-    m_cmdNew = button("&New", "cmdNew");
-    m_cmdEdit = button("&Edit", "cmdEdit");
-    m_cmdDelete = button("&Delete", "cmdDelete");
-    m_cmdSave = button("&Save", "cmdSave");
-    m_cmdCancel = button("&Cancel", "cmdCancel");
-    m_cmdExit = button("E&xit", "cmdExit");
+    m_cmdNew = Screen::button(this, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdDelete = Screen::button(this, "cmdDelete", QStringLiteral("&Delete"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
 
     auto *buttons = new QHBoxLayout;
     for (QPushButton *push : {m_cmdNew, m_cmdEdit, m_cmdDelete, m_cmdSave, m_cmdCancel, m_cmdExit})
@@ -152,7 +128,7 @@ void frmClassTeacherAllotmentEntry::updateControls()
     m_cboTeacher->setEnabled(!viewing);
     m_cboSubject->setEnabled(!viewing);
     m_cboUniformPeriodAllocation->setEnabled(!viewing);
-    m_cboUniformPeriodName->setEnabled(!viewing && codeOf(m_cboUniformPeriodAllocation) == AllocationYes);
+    m_cboUniformPeriodName->setEnabled(!viewing && CodeCombo::code(m_cboUniformPeriodAllocation) == AllocationYes);
 }
 
 ClassTeacherAllotment frmClassTeacherAllotmentEntry::rules() const
@@ -160,27 +136,15 @@ ClassTeacherAllotment frmClassTeacherAllotmentEntry::rules() const
     return ClassTeacherAllotment(m_ctx.db());
 }
 
-template<typename Action>
-bool frmClassTeacherAllotmentEntry::guarded(Action action)
-{
-    try {
-        action();
-        return true;
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-        return false;
-    }
-}
-
 ClassTeacherAllotment::Choice frmClassTeacherAllotmentEntry::choice() const
 {
     ClassTeacherAllotment::Choice chosen;
-    chosen.classCode = codeOf(m_cboClass);
-    chosen.division = codeOf(m_cboDivision);
-    chosen.teacher = codeOf(m_cboTeacher);
-    chosen.subject = codeOf(m_cboSubject);
-    chosen.uniformPeriod = codeOf(m_cboUniformPeriodAllocation) == AllocationYes;
-    chosen.period = codeOf(m_cboUniformPeriodName);
+    chosen.classCode = CodeCombo::code(m_cboClass);
+    chosen.division = CodeCombo::code(m_cboDivision);
+    chosen.teacher = CodeCombo::code(m_cboTeacher);
+    chosen.subject = CodeCombo::code(m_cboSubject);
+    chosen.uniformPeriod = CodeCombo::code(m_cboUniformPeriodAllocation) == AllocationYes;
+    chosen.period = CodeCombo::code(m_cboUniformPeriodName);
     return chosen;
 }
 
@@ -210,7 +174,7 @@ void frmClassTeacherAllotmentEntry::deleteEntry()
         return;
     if (!m_ctx.messages->question(ClassTeacherAllotment::deleteQuestion()))
         return;
-    if (!guarded([this] { rules().remove(m_loadedTeacher); }))
+    if (!Screen::guarded(m_ctx, [this] { rules().remove(m_loadedTeacher); }))
         return;
     m_ctx.messages->information(Texts::recordDeleted());
     cancel();
@@ -220,7 +184,9 @@ void frmClassTeacherAllotmentEntry::save()
 {
     using Outcome = ClassTeacherAllotment::SaveResult::Outcome;
     ClassTeacherAllotment::SaveResult result;
-    if (!guarded([&] { result = rules().save(choice(), m_loadedTeacher, m_mode == Mode::Edit, *m_ctx.messages); }))
+    if (!Screen::guarded(m_ctx, [&] {
+            result = rules().save(choice(), m_loadedTeacher, m_mode == Mode::Edit, *m_ctx.messages);
+        }))
         return;
     switch (result.outcome) {
     case Outcome::Saved:
@@ -256,14 +222,14 @@ void frmClassTeacherAllotmentEntry::cancel()
     m_mode = Mode::Idle;
     m_loaded = false;
     m_loadedTeacher = 0;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         const ClassTeacherAllotment allotment = rules();
-        fill(m_cboClass, allotment.classes());
-        fill(m_cboUniformPeriodName, allotment.periods());
+        CodeCombo::fill(m_cboClass, allotment.classes(), true);
+        CodeCombo::fill(m_cboUniformPeriodName, allotment.periods(), true);
     });
-    fill(m_cboDivision, {});
-    fill(m_cboTeacher, {});
-    fill(m_cboSubject, {});
+    CodeCombo::fill(m_cboDivision, {}, true);
+    CodeCombo::fill(m_cboTeacher, {}, true);
+    CodeCombo::fill(m_cboSubject, {}, true);
     select(m_cboUniformPeriodAllocation, AllocationNo);
     updateControls();
     m_cmdNew->setFocus();
@@ -277,11 +243,11 @@ void frmClassTeacherAllotmentEntry::exitScreen()
 
 void frmClassTeacherAllotmentEntry::classChosen()
 {
-    const int classCode = codeOf(m_cboClass);
-    QList<ClassTeacherAllotment::Item> divisions;
+    const int classCode = CodeCombo::code(m_cboClass);
+    QList<CodeName> divisions;
     if (classCode > 0)
-        guarded([&] { divisions = rules().divisions(classCode); });
-    fill(m_cboDivision, divisions);
+        Screen::guarded(m_ctx, [&] { divisions = rules().divisions(classCode); });
+    CodeCombo::fill(m_cboDivision, divisions, true);
     divisionChosen();
 }
 
@@ -301,7 +267,9 @@ void frmClassTeacherAllotmentEntry::teacherChosen()
     using Check = ClassTeacherAllotment::TeacherCheck;
     ClassTeacherAllotment::Entry other;
     Check check = Check::Free;
-    if (!guarded([&] { check = rules().checkTeacher(codeOf(m_cboTeacher), m_loadedTeacher, *m_ctx.messages, &other); }))
+    if (!Screen::guarded(m_ctx, [&] {
+            check = rules().checkTeacher(CodeCombo::code(m_cboTeacher), m_loadedTeacher, *m_ctx.messages, &other);
+        }))
         return;
     switch (check) {
     case Check::ShowOtherEntry:
@@ -318,7 +286,7 @@ void frmClassTeacherAllotmentEntry::teacherChosen()
 
 void frmClassTeacherAllotmentEntry::allocationChosen()
 {
-    if (codeOf(m_cboUniformPeriodAllocation) != AllocationYes)
+    if (CodeCombo::code(m_cboUniformPeriodAllocation) != AllocationYes)
         select(m_cboUniformPeriodName, 0);
     updateControls();
 }
@@ -326,12 +294,12 @@ void frmClassTeacherAllotmentEntry::allocationChosen()
 // Shows the chosen class division's class teacher, if it has one, ready for Edit or Delete.
 bool frmClassTeacherAllotmentEntry::loadClassTeacher()
 {
-    const int classCode = codeOf(m_cboClass);
-    const int division = codeOf(m_cboDivision);
+    const int classCode = CodeCombo::code(m_cboClass);
+    const int division = CodeCombo::code(m_cboDivision);
     if (classCode <= 0 || division <= 0)
         return false;
     std::optional<ClassTeacherAllotment::Entry> entry;
-    if (!guarded([&] { entry = rules().entryOfClassDivision(classCode, division); }) || !entry)
+    if (!Screen::guarded(m_ctx, [&] { entry = rules().entryOfClassDivision(classCode, division); }) || !entry)
         return false;
     select(m_cboTeacher, entry->teacher, entry->teacherName);
     reloadSubjects();
@@ -349,9 +317,9 @@ bool frmClassTeacherAllotmentEntry::loadClassTeacher()
 void frmClassTeacherAllotmentEntry::viewEntry(const ClassTeacherAllotment::Entry &entry)
 {
     select(m_cboClass, entry.classCode, entry.className);
-    QList<ClassTeacherAllotment::Item> divisions;
-    guarded([&] { divisions = rules().divisions(entry.classCode); });
-    fill(m_cboDivision, divisions);
+    QList<CodeName> divisions;
+    Screen::guarded(m_ctx, [&] { divisions = rules().divisions(entry.classCode); });
+    CodeCombo::fill(m_cboDivision, divisions, true);
     select(m_cboDivision, entry.division, entry.divisionName);
     divisionChosen();
 }
@@ -365,25 +333,27 @@ void frmClassTeacherAllotmentEntry::clearTeacher()
 
 void frmClassTeacherAllotmentEntry::reloadTeachersAndSubjects()
 {
-    const int classCode = codeOf(m_cboClass);
-    const int division = codeOf(m_cboDivision);
-    QList<ClassTeacherAllotment::Item> teachers;
+    const int classCode = CodeCombo::code(m_cboClass);
+    const int division = CodeCombo::code(m_cboDivision);
+    QList<CodeName> teachers;
     if (classCode > 0 && division > 0)
-        guarded([&] { teachers = rules().teachers(classCode, division); });
-    fill(m_cboTeacher, teachers);
+        Screen::guarded(m_ctx, [&] { teachers = rules().teachers(classCode, division); });
+    CodeCombo::fill(m_cboTeacher, teachers, true);
     reloadSubjects();
 }
 
 // The subject already chosen stays when the new teacher also takes it.
 void frmClassTeacherAllotmentEntry::reloadSubjects()
 {
-    const int classCode = codeOf(m_cboClass);
-    const int division = codeOf(m_cboDivision);
-    const int subject = codeOf(m_cboSubject);
-    QList<ClassTeacherAllotment::Item> subjects;
+    const int classCode = CodeCombo::code(m_cboClass);
+    const int division = CodeCombo::code(m_cboDivision);
+    const int subject = CodeCombo::code(m_cboSubject);
+    QList<CodeName> subjects;
     if (classCode > 0 && division > 0)
-        guarded([&] { subjects = rules().subjects(classCode, division, codeOf(m_cboTeacher)); });
-    fill(m_cboSubject, subjects);
+        Screen::guarded(m_ctx, [&] {
+            subjects = rules().subjects(classCode, division, CodeCombo::code(m_cboTeacher));
+        });
+    CodeCombo::fill(m_cboSubject, subjects, true);
     const int index = m_cboSubject->findData(subject);
     if (subject > 0 && index >= 0)
         select(m_cboSubject, subject);

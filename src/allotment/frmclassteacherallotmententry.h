@@ -43,9 +43,6 @@ private:
     void focusField(ClassTeacherAllotment::Field field);
     ClassTeacherAllotment::Choice choice() const;
     ClassTeacherAllotment rules() const;
-    // Runs a store action; a StoreError is shown and gives false.
-    template<typename Action>
-    bool guarded(Action action);
 
     AppContext &m_ctx;
     Mode m_mode = Mode::Idle;

@@ -1,5 +1,7 @@
 #include "frmcombinedclassentry.h"
+#include "codecombo.h"
 #include "frmcombinedclassentrysearch.h"
+#include "screen.h"
 
 #include <QComboBox>
 #include <QPushButton>
@@ -40,14 +42,16 @@ void frmCombinedClassEntry::clearEntry()
 
 void frmCombinedClassEntry::classAddChosen()
 {
-    guarded([this] { CombinedUi::fill(m_cboDivisionAdd, m_groups.divisionsOf(CombinedUi::code(m_cboClassAdd))); });
+    Screen::guarded(m_ctx, [this] {
+        CombinedUi::fill(m_cboDivisionAdd, m_groups.divisionsOf(CodeCombo::code(m_cboClassAdd)));
+    });
 }
 
 void frmCombinedClassEntry::divisionAddChosen()
 {
-    guarded([this] {
-        const int classCode = CombinedUi::code(m_cboClassAdd);
-        const int division = CombinedUi::code(m_cboDivisionAdd);
+    Screen::guarded(m_ctx, [this] {
+        const int classCode = CodeCombo::code(m_cboClassAdd);
+        const int division = CodeCombo::code(m_cboDivisionAdd);
         if (accept(m_service.checkAddedDivision(draft(), classCode, division)) && division > 0)
             m_cmdAdd->setFocus();
     });
@@ -55,9 +59,9 @@ void frmCombinedClassEntry::divisionAddChosen()
 
 void frmCombinedClassEntry::add()
 {
-    guarded([this] {
-        const int classCode = CombinedUi::code(m_cboClassAdd);
-        const int division = CombinedUi::code(m_cboDivisionAdd);
+    Screen::guarded(m_ctx, [this] {
+        const int classCode = CodeCombo::code(m_cboClassAdd);
+        const int division = CodeCombo::code(m_cboDivisionAdd);
         if (!accept(m_service.checkAdd(draft(), classCode, division, chosenClass(), chosenDivision(), chosenSubject())))
             return;
         m_listed.append({classCode, division, m_cboClassAdd->currentText(), m_cboDivisionAdd->currentText()});

@@ -1,6 +1,8 @@
 #include "frmcombinedsubjectentry.h"
+#include "codecombo.h"
 #include "frmcombinedsubjectentrysearch.h"
 #include "messageservice.h"
+#include "screen.h"
 #include "session.h"
 
 #include <QComboBox>
@@ -106,16 +108,18 @@ void frmCombinedSubjectEntry::showGrids()
 
 void frmCombinedSubjectEntry::classChosen()
 {
-    guarded([this] { CombinedUi::fill(m_cboDivision, m_groups.divisionsOf(CombinedUi::code(m_cboClass))); });
+    Screen::guarded(m_ctx, [this] {
+        CombinedUi::fill(m_cboDivision, m_groups.divisionsOf(CodeCombo::code(m_cboClass)));
+    });
 }
 
 void frmCombinedSubjectEntry::divisionChosen()
 {
-    const int classCode = CombinedUi::code(m_cboClass);
-    const int division = CombinedUi::code(m_cboDivision);
+    const int classCode = CodeCombo::code(m_cboClass);
+    const int division = CodeCombo::code(m_cboDivision);
     if (classCode <= 0 || division <= 0)
         return;
-    guarded([&] {
+    Screen::guarded(m_ctx, [&] {
         const Combined::CandidateLoad load =
             m_service.loadCandidates(classCode, division, m_candidates, m_members, editing());
         if (!load.refusal.isEmpty()) {
@@ -131,7 +135,7 @@ void frmCombinedSubjectEntry::candidateClicked(int row)
 {
     if (!changing() || row < 0 || row >= m_candidates.size())
         return;
-    guarded([&] {
+    Screen::guarded(m_ctx, [&] {
         if (!accept(m_service.checkPick(m_candidates.at(row), m_members, editing())))
             return;
         m_members.append(m_candidates.takeAt(row));
@@ -143,7 +147,7 @@ void frmCombinedSubjectEntry::memberClicked(int row)
 {
     if (!changing() || row < 0 || row >= m_members.size())
         return;
-    guarded([&] {
+    Screen::guarded(m_ctx, [&] {
         if (!accept(m_service.checkDrop(m_members.at(row), editing())))
             return;
         m_candidates.append(m_members.takeAt(row));
@@ -154,8 +158,8 @@ void frmCombinedSubjectEntry::memberClicked(int row)
 bool frmCombinedSubjectEntry::saveEntry()
 {
     Combined::SubjectDraft draft;
-    draft.classCode = CombinedUi::code(m_cboClass);
-    draft.division = CombinedUi::code(m_cboDivision);
+    draft.classCode = CodeCombo::code(m_cboClass);
+    draft.division = CodeCombo::code(m_cboDivision);
     draft.members = m_members;
     draft.editing = editing();
     draft.kept = keptKey();

@@ -1,5 +1,7 @@
 #include "frmcombinedteacherentry.h"
+#include "codecombo.h"
 #include "frmcombinedteacherentrysearch.h"
+#include "screen.h"
 
 #include <QComboBox>
 
@@ -37,10 +39,10 @@ void frmCombinedTeacherEntry::clearEntry()
 
 void frmCombinedTeacherEntry::teacherAddChosen()
 {
-    guarded([this] {
-        if (!accept(m_service.checkTeacherChoice(draft(), CombinedUi::code(m_cboTeacherAdd))))
+    Screen::guarded(m_ctx, [this] {
+        if (!accept(m_service.checkTeacherChoice(draft(), CodeCombo::code(m_cboTeacherAdd))))
             return;
-        const int subject = CombinedUi::code(m_cboSubjectAdd);
+        const int subject = CodeCombo::code(m_cboSubjectAdd);
         CombinedUi::fill(m_cboSubjectAdd, m_groups.subjects());
         CombinedUi::select(m_cboSubjectAdd, subject);
     });
@@ -48,11 +50,11 @@ void frmCombinedTeacherEntry::teacherAddChosen()
 
 void frmCombinedTeacherEntry::add()
 {
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         Combined::TeacherAddition added;
-        added.teacher = CombinedUi::code(m_cboTeacherAdd);
+        added.teacher = CodeCombo::code(m_cboTeacherAdd);
         added.teacherName = m_cboTeacherAdd->currentText();
-        added.subject = CombinedUi::code(m_cboSubjectAdd);
+        added.subject = CodeCombo::code(m_cboSubjectAdd);
         added.mainClass = chosenClass();
         added.mainDivision = chosenDivision();
         added.mainSubject = chosenSubject();

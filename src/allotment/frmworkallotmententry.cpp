@@ -1,17 +1,15 @@
 #include "frmworkallotmententry.h"
+#include "codecombo.h"
 #include "messageservice.h"
 #include "privileges.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -44,6 +42,13 @@ frmWorkAllotmentEntry::frmWorkAllotmentEntry(AppContext &ctx, QWidget *parent)
     buildLayout();
     connectControls();
     Screen::applyConventions(this, ctx, HelpScreenNo);
+    // A master opened from here may have added a teacher, class or subject by the time the user comes back.
+    Screen::onComeForward(this, [this] {
+        if (m_listsStale) {
+            m_listsStale = false;
+            reloadLists();
+        }
+    });
     // Installed after the conventions so that it sees Enter first: in a cell editor Enter confirms the cell,
     // on the grid it opens the current cell.
     const QList<QWidget *> keyed = {m_cboTeacher, m_cboClass, m_cboDivision, m_cboSubject, m_txtPeriods, m_msgDetails};
@@ -63,14 +68,9 @@ void frmWorkAllotmentEntry::buildControls()
     m_lblNoOfPeriods = valueLabel("lblNoOfPeriods", m_fraMain);
     m_lblAllotedPeriods = valueLabel("lblAllotedPeriods", m_fraMain);
 
-    const auto button = [](const char *caption, const char *name, QWidget *parent) {
-        auto *push = new QPushButton(QString::fromLatin1(caption), parent);
-        push->setObjectName(QString::fromLatin1(name));
-        return push;
-    };
-    m_cmdAddTeacherName = button("Add &Teacher...", "cmdAddTeacherName", m_fraMain);
-    m_cmdAddClassName = button("Add Cl&ass...", "cmdAddClassName", m_fraMain);
-    m_cmdAddSubjectName = button("Add S&ubject...", "cmdAddSubjectName", m_fraMain);
+    m_cmdAddTeacherName = Screen::button(m_fraMain, "cmdAddTeacherName", QStringLiteral("Add &Teacher..."));
+    m_cmdAddClassName = Screen::button(m_fraMain, "cmdAddClassName", QStringLiteral("Add Cl&ass..."));
+    m_cmdAddSubjectName = Screen::button(m_fraMain, "cmdAddSubjectName", QStringLiteral("Add S&ubject..."));
     m_cmdAddTeacherName->setToolTip(QStringLiteral("Opens Teacher Master (Insert key in the teacher list)"));
     m_cmdAddClassName->setToolTip(QStringLiteral("Opens Class Division Entry (Insert key in the class list)"));
     m_cmdAddSubjectName->setToolTip(QStringLiteral("Opens Subject Master (Insert key in the subject list)"));
@@ -107,14 +107,14 @@ void frmWorkAllotmentEntry::buildControls()
     m_txtDeleteSlNo->setObjectName(QStringLiteral("txtDeleteSlNo"));
     m_txtDeleteSlNo->setMaximumWidth(60);
     Screen::DigitsOnly(m_txtDeleteSlNo, 4);
-    m_cmdDeleteRow = button("Delete &Row", "cmdDeleteRow", m_Frame3);
+    m_cmdDeleteRow = Screen::button(m_Frame3, "cmdDeleteRow", QStringLiteral("Delete &Row"));
 
-    m_cmdNew = button("&New", "cmdNew", this);
-    m_cmdEdit = button("&Edit", "cmdEdit", this);
-    m_cmdDelete = button("&Delete", "cmdDelete", this);
-    m_cmdSave = button("&Save", "cmdSave", this);
-    m_cmdCancel = button("&Cancel", "cmdCancel", this);
-    m_cmdExit = button("E&xit", "cmdExit", this);
+    m_cmdNew = Screen::button(this, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdDelete = Screen::button(this, "cmdDelete", QStringLiteral("&Delete"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
 }
 
 void frmWorkAllotmentEntry::buildLayout()
@@ -178,14 +178,18 @@ void frmWorkAllotmentEntry::connectControls()
         if (!m_cboTeacher->browsing())
             focusAfterLoad();
     });
-    const QList<QPair<AllotmentGrid::CellCombo *, void (frmWorkAllotmentEntry::*)()>> confirms = {
-        {m_cboClass, &frmWorkAllotmentEntry::confirmClass},
-        {m_cboDivision, &frmWorkAllotmentEntry::confirmDivision},
-        {m_cboSubject, &frmWorkAllotmentEntry::confirmSubject}};
-    for (const auto &[combo, confirm] : confirms) {
-        connect(combo, &QComboBox::activated, this, [this, combo = combo, confirm = confirm] {
-            if (!combo->browsing())
-                (this->*confirm)();
+    const QList<QPair<AllotmentGrid::CellCombo *, int>> lists = {
+        {m_cboClass, AllotmentColumn::ClassName},
+        {m_cboDivision, AllotmentColumn::DivisionName},
+        {m_cboSubject, AllotmentColumn::SubjectName}};
+    for (const auto &[combo, column] : lists) {
+        connect(combo, &QComboBox::activated, this, [this, combo = combo, column = column] {
+            if (combo->browsing())
+                return;
+            if (column == AllotmentColumn::ClassName)
+                confirmClass();
+            else
+                confirmUnique(column);
         });
     }
     connect(m_msgDetails, &QTableWidget::cellClicked, this, &frmWorkAllotmentEntry::cellClicked);
@@ -203,40 +207,6 @@ void frmWorkAllotmentEntry::connectControls()
     connect(m_cmdExit, &QPushButton::clicked, this, &frmWorkAllotmentEntry::exitScreen);
 }
 
-// A master opened from here may have added a teacher, class or subject by the time the user comes back.
-bool frmWorkAllotmentEntry::event(QEvent *event)
-{
-    const auto comeBack = [this] {
-        if (m_listsStale) {
-            m_listsStale = false;
-            reloadLists();
-        }
-    };
-    if (event->type() == QEvent::ParentChange) {
-        if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget())) {
-            connect(window, &QMdiSubWindow::windowStateChanged, this,
-                    [comeBack](Qt::WindowStates was, Qt::WindowStates now) {
-                        if (!(was & Qt::WindowActive) && (now & Qt::WindowActive))
-                            comeBack();
-                    });
-        }
-    } else if (event->type() == QEvent::WindowActivate) {
-        comeBack();
-    }
-    return QWidget::event(event);
-}
-
-bool frmWorkAllotmentEntry::attempt(const std::function<void()> &work)
-{
-    try {
-        work();
-        return true;
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-        return false;
-    }
-}
-
 void frmWorkAllotmentEntry::setMode(Mode mode)
 {
     m_mode = mode;
@@ -250,19 +220,19 @@ void frmWorkAllotmentEntry::setMode(Mode mode)
 
 void frmWorkAllotmentEntry::reloadLists()
 {
-    attempt([this] {
-        AllotmentGrid::fillList(m_cboTeacher, m_allotment.teachers(), teacherCode());
-        AllotmentGrid::fillList(m_cboClass, m_allotment.classes(), m_cboClass->currentData().toInt());
-        AllotmentGrid::fillList(m_cboSubject, m_allotment.subjects(), m_cboSubject->currentData().toInt());
+    Screen::guarded(m_ctx, [this] {
+        CodeCombo::fill(m_cboTeacher, m_allotment.teachers(), false, teacherCode());
+        CodeCombo::fill(m_cboClass, m_allotment.classes(), false, CodeCombo::code(m_cboClass));
+        CodeCombo::fill(m_cboSubject, m_allotment.subjects(), false, CodeCombo::code(m_cboSubject));
         if (m_openColumn == DivisionName)
-            AllotmentGrid::fillList(m_cboDivision, m_allotment.divisions(m_msgDetails->code(m_openRow, ClassCode)),
-                                    m_cboDivision->currentData().toInt());
+            CodeCombo::fill(m_cboDivision, m_allotment.divisions(m_msgDetails->code(m_openRow, ClassCode)), false,
+                            CodeCombo::code(m_cboDivision));
     });
 }
 
 int frmWorkAllotmentEntry::teacherCode() const
 {
-    return m_cboTeacher->currentIndex() < 0 ? 0 : m_cboTeacher->currentData().toInt();
+    return CodeCombo::code(m_cboTeacher);
 }
 
 void frmWorkAllotmentEntry::teacherChosen()
@@ -282,7 +252,7 @@ void frmWorkAllotmentEntry::loadTeacher(int teacher)
     WorkAllotment::TeacherLoad load;
     QList<AllotmentRow> rows;
     QList<StoredAllotment> stored;
-    if (!attempt([&] {
+    if (!Screen::guarded(m_ctx, [&] {
             load = m_allotment.teacher(teacher);
             rows = m_allotment.rowsOf(teacher);
             stored = m_allotment.snapshot(teacher);
@@ -335,7 +305,9 @@ void frmWorkAllotmentEntry::save()
     const QList<AllotmentRow> rows = m_msgDetails->rows();
     AllotmentRefusal refusal;
     QList<StoredAllotment> stored;
-    if (!attempt([&] { refusal = m_allotment.checkSave(teacher, rows, m_msgDetails->currentRow(), &stored); }))
+    if (!Screen::guarded(m_ctx, [&] {
+            refusal = m_allotment.checkSave(teacher, rows, m_msgDetails->currentRow(), &stored);
+        }))
         return;
     if (refusal) {
         AllotmentGrid::showSnapshot(m_msgDisplay, stored);
@@ -356,7 +328,7 @@ void frmWorkAllotmentEntry::save()
         }
         return;
     }
-    if (!attempt([&] { m_allotment.save(teacher, rows, m_mode == Mode::Edit); }))
+    if (!Screen::guarded(m_ctx, [&] { m_allotment.save(teacher, rows, m_mode == Mode::Edit); }))
         return;
     m_ctx.messages->information(m_mode == Mode::Edit ? Texts::recordUpdated() : Texts::recordSaved());
     cancel();
@@ -368,7 +340,7 @@ void frmWorkAllotmentEntry::deleteEntry()
         return;
     const int teacher = teacherCode();
     QString refusal;
-    if (teacher <= 0 || !attempt([&] { refusal = m_allotment.deleteRefusal(teacher); }))
+    if (teacher <= 0 || !Screen::guarded(m_ctx, [&] { refusal = m_allotment.deleteRefusal(teacher); }))
         return;
     if (!refusal.isEmpty()) {
         m_ctx.messages->information(refusal);
@@ -376,7 +348,7 @@ void frmWorkAllotmentEntry::deleteEntry()
     }
     if (!m_ctx.messages->question(AllotmentTexts::deleteWholeListQuestion()))
         return;
-    if (!attempt([&] { m_allotment.deleteAll(teacher); }))
+    if (!Screen::guarded(m_ctx, [&] { m_allotment.deleteAll(teacher); }))
         return;
     m_ctx.messages->information(Texts::recordDeleted());
     cancel();

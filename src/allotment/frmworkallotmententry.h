@@ -3,7 +3,6 @@
 
 #include <QWidget>
 
-#include <functional>
 
 class QGroupBox;
 class QLabel;
@@ -22,7 +21,6 @@ public:
     explicit frmWorkAllotmentEntry(AppContext &ctx, QWidget *parent = nullptr);
 
 protected:
-    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -37,8 +35,6 @@ private:
     void buildLayout();
     void connectControls();
     void setMode(Mode mode);
-    // Runs work on the store; a store failure is shown and the work counts as not done.
-    bool attempt(const std::function<void()> &work);
     bool editing() const { return m_mode == Mode::New || m_mode == Mode::Edit; }
 
     void reloadLists();
@@ -53,8 +49,8 @@ private:
     void openCell(int row, int column);
     void closeCell();
     void confirmClass();
-    void confirmDivision();
-    void confirmSubject();
+    // `column` is DivisionName or SubjectName.
+    void confirmUnique(int column);
     bool confirmPeriods(bool moveOn);
     void openNextRow(int row);
     bool commitPendingPeriods();

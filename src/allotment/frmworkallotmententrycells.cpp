@@ -1,7 +1,9 @@
 // Work Allotment Entry, second part: the grid's cells, their editors and keys, and the removal of a row.
 // A cell opens only in order (class, division, subject, periods), and never on a row others depend on.
 #include "frmworkallotmententry.h"
+#include "codecombo.h"
 #include "messageservice.h"
+#include "screen.h"
 #include "session.h"
 
 #include <QKeyEvent>
@@ -16,7 +18,7 @@ namespace {
 void choose(QComboBox *combo, int code)
 {
     const QSignalBlocker silent(combo);
-    combo->setCurrentIndex(qMax(0, combo->findData(code)));
+    CodeCombo::select(combo, code);
 }
 
 }
@@ -40,9 +42,9 @@ bool frmWorkAllotmentEntry::eventFilter(QObject *watched, QEvent *event)
         else if (watched == m_cboClass)
             confirmClass();
         else if (watched == m_cboDivision)
-            confirmDivision();
+            confirmUnique(DivisionName);
         else if (watched == m_cboSubject)
-            confirmSubject();
+            confirmUnique(SubjectName);
         else
             confirmPeriods(true);
         return true;
@@ -97,7 +99,7 @@ void frmWorkAllotmentEntry::cellClicked(int row, int column)
     GroupNumbers groups;
     bool classTeacher = false;
     int placed = 0;
-    if (!attempt([&] {
+    if (!Screen::guarded(m_ctx, [&] {
             groups = m_allotment.combinedGroups(teacher, r, &kind);
             classTeacher = r.hasKey() && m_allotment.isClassTeacherEntry(teacher, r);
             placed = m_allotment.placedCount(teacher, r);
@@ -147,9 +149,9 @@ void frmWorkAllotmentEntry::openCell(int row, int column)
         editor = m_cboClass;
         break;
     case DivisionName:
-        if (!attempt([&] {
-                AllotmentGrid::fillList(m_cboDivision, m_allotment.divisions(m_msgDetails->code(row, ClassCode)),
-                                        m_msgDetails->code(row, DivisionCode));
+        if (!Screen::guarded(m_ctx, [&] {
+                CodeCombo::fill(m_cboDivision, m_allotment.divisions(m_msgDetails->code(row, ClassCode)), false,
+                                m_msgDetails->code(row, DivisionCode));
             }))
             return;
         editor = m_cboDivision;
@@ -201,48 +203,31 @@ void frmWorkAllotmentEntry::confirmClass()
     openCell(row, DivisionName);
 }
 
-void frmWorkAllotmentEntry::confirmDivision()
+// A division or a subject chosen in its cell is written to the row, and taken back when the row then repeats
+// another row of the teacher.
+void frmWorkAllotmentEntry::confirmUnique(int column)
 {
+    const bool division = column == DivisionName;
+    QComboBox *combo = division ? m_cboDivision : m_cboSubject;
+    const int codeColumn = division ? DivisionCode : SubjectCode;
     const int row = m_openRow;
-    const int code = m_cboDivision->currentData().toInt();
-    if (m_openColumn != DivisionName || code <= 0)
+    const int code = combo->currentData().toInt();
+    if (m_openColumn != column || code <= 0)
         return;
-    m_msgDetails->setText(row, DivisionName, m_cboDivision->currentText());
-    m_msgDetails->setText(row, DivisionCode, QString::number(code));
+    m_msgDetails->setText(row, column, combo->currentText());
+    m_msgDetails->setText(row, codeColumn, QString::number(code));
     bool duplicate = false;
-    if (!attempt([&] { duplicate = m_allotment.isDuplicate(teacherCode(), m_msgDetails->rows(), row); }))
+    if (!Screen::guarded(m_ctx, [&] { duplicate = m_allotment.isDuplicate(teacherCode(), m_msgDetails->rows(), row); }))
         return;
     if (duplicate) {
         m_ctx.messages->information(AllotmentTexts::duplicate());
-        m_msgDetails->setText(row, DivisionName, QString());
-        m_msgDetails->setText(row, DivisionCode, QString());
-        choose(m_cboDivision, 0);
-        m_cboDivision->setFocus();
+        m_msgDetails->setText(row, column, QString());
+        m_msgDetails->setText(row, codeColumn, QString());
+        choose(combo, 0);
+        combo->setFocus();
         return;
     }
-    openCell(row, SubjectName);
-}
-
-void frmWorkAllotmentEntry::confirmSubject()
-{
-    const int row = m_openRow;
-    const int code = m_cboSubject->currentData().toInt();
-    if (m_openColumn != SubjectName || code <= 0)
-        return;
-    m_msgDetails->setText(row, SubjectName, m_cboSubject->currentText());
-    m_msgDetails->setText(row, SubjectCode, QString::number(code));
-    bool duplicate = false;
-    if (!attempt([&] { duplicate = m_allotment.isDuplicate(teacherCode(), m_msgDetails->rows(), row); }))
-        return;
-    if (duplicate) {
-        m_ctx.messages->information(AllotmentTexts::duplicate());
-        m_msgDetails->setText(row, SubjectName, QString());
-        m_msgDetails->setText(row, SubjectCode, QString());
-        choose(m_cboSubject, 0);
-        m_cboSubject->setFocus();
-        return;
-    }
-    openCell(row, Periods);
+    openCell(row, division ? SubjectName : Periods);
 }
 
 // Shows the sum in the label and warns when it passes the teacher's working periods.
@@ -266,7 +251,7 @@ bool frmWorkAllotmentEntry::confirmPeriods(bool moveOn)
     const QString typed = m_txtPeriods->text().trimmed();
     const AllotmentRow r = m_msgDetails->row(row);
     int placed = 0;
-    if (r.hasKey() && !attempt([&] { placed = m_allotment.placedCount(teacherCode(), r); }))
+    if (r.hasKey() && !Screen::guarded(m_ctx, [&] { placed = m_allotment.placedCount(teacherCode(), r); }))
         return false;
     if (placed > 0 && typed.toInt() < placed) {
         m_ctx.messages->information(AllotmentTexts::cannotReducePeriods());
@@ -295,7 +280,7 @@ void frmWorkAllotmentEntry::openNextRow(int row)
     const AllotmentRow r = m_msgDetails->row(next);
     bool keptAsStored = false;
     if (r.hasKey()
-        && !attempt([&] {
+        && !Screen::guarded(m_ctx, [&] {
                const int teacher = teacherCode();
                keptAsStored = !m_allotment.combinedGroups(teacher, r).none()
                    || m_allotment.isClassTeacherEntry(teacher, r) || m_allotment.placedCount(teacher, r) > 0;
@@ -344,7 +329,7 @@ void frmWorkAllotmentEntry::removeRow(int row, bool fromClassCell)
     GroupNumbers groups;
     bool classTeacher = false;
     int placed = 0;
-    if (!attempt([&] {
+    if (!Screen::guarded(m_ctx, [&] {
             if (!fromClassCell && r.hasKey()) {
                 groups = m_allotment.combinedGroups(teacher, r, &kind);
                 classTeacher = m_allotment.isClassTeacherEntry(teacher, r);

@@ -33,36 +33,36 @@ QString deleteWholeListQuestion()
 
 }
 
-QList<WorkAllotment::ListEntry> WorkAllotment::list(const QString &statement, const QVariantList &values) const
+QList<CodeName> WorkAllotment::list(const QString &statement, const QVariantList &values) const
 {
-    QList<ListEntry> entries{{0, QString()}};
+    QList<CodeName> entries{{0, QString()}};
     QSqlQuery query = Sql(m_db).run(statement, values);
     while (query.next())
         entries.append({query.value(0).toInt(), query.value(1).toString()});
     return entries;
 }
 
-QList<WorkAllotment::ListEntry> WorkAllotment::teachers() const
+QList<CodeName> WorkAllotment::teachers() const
 {
     return list(QStringLiteral("SELECT TeacherCode, TeacherName FROM TeacherMaster WHERE TeacherCode > 0 "
                                "ORDER BY TeacherName"));
 }
 
 // Classes keep the school's own order (I, II, ... IX, X), which the names alone would scramble.
-QList<WorkAllotment::ListEntry> WorkAllotment::classes() const
+QList<CodeName> WorkAllotment::classes() const
 {
     return list(QStringLiteral("SELECT ClassCode, ClassName FROM ClassDivisionMaster WHERE ClassCode > 0 "
                                "ORDER BY ClassOrder, ClassName"));
 }
 
-QList<WorkAllotment::ListEntry> WorkAllotment::divisions(int classCode) const
+QList<CodeName> WorkAllotment::divisions(int classCode) const
 {
     return list(QStringLiteral("SELECT DivisionCode, DivisionName FROM ClassDivisionDetails WHERE ClassCode = ? "
                                "AND DivisionCode > 0 ORDER BY DivisionName"),
                 {classCode});
 }
 
-QList<WorkAllotment::ListEntry> WorkAllotment::subjects() const
+QList<CodeName> WorkAllotment::subjects() const
 {
     return list(QStringLiteral("SELECT SubjectCode, SubjectName FROM SubjectMaster WHERE SubjectCode > 0 "
                                "ORDER BY SubjectName"));

@@ -1,4 +1,5 @@
 #pragma once
+#include "codename.h"
 #include "placement.h"
 
 #include <QList>
@@ -80,12 +81,6 @@ QString deleteWholeListQuestion();
 class WorkAllotment
 {
 public:
-    // One entry of a drop-down list: the code it stands for and the name shown.
-    struct ListEntry
-    {
-        int code = 0;
-        QString name;
-    };
     // What the screen shows of the teacher beside the rows.
     struct TeacherLoad
     {
@@ -96,10 +91,10 @@ public:
     explicit WorkAllotment(const QSqlDatabase &db) : m_db(db) {}
 
     // Each list starts with a blank entry of code 0.
-    QList<ListEntry> teachers() const;
-    QList<ListEntry> classes() const;
-    QList<ListEntry> divisions(int classCode) const;
-    QList<ListEntry> subjects() const;
+    QList<CodeName> teachers() const;
+    QList<CodeName> classes() const;
+    QList<CodeName> divisions(int classCode) const;
+    QList<CodeName> subjects() const;
 
     TeacherLoad teacher(int teacher) const;
     // The teacher's stored rows by class and division, with their group numbers and class teacher mark.
@@ -130,7 +125,7 @@ public:
     void deleteAll(int teacher) const;
 
 private:
-    QList<ListEntry> list(const QString &statement, const QVariantList &values = {}) const;
+    QList<CodeName> list(const QString &statement, const QVariantList &values = {}) const;
 
     QSqlDatabase m_db;
 };

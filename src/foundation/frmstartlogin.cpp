@@ -1,8 +1,8 @@
 #include "frmstartlogin.h"
 #include "login.h"
 #include "messageservice.h"
+#include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 #include "store.h"
 
 #include <QFormLayout>
@@ -22,22 +22,15 @@ frmStartLogin::frmStartLogin(AppContext &ctx, QWidget *parent)
     auto *heading = new QLabel(QStringLiteral("Zarlo-TimeTable"), this);
     heading->setStyleSheet(QStringLiteral("font-size: 18pt; font-weight: bold; color: rgb(74, 52, 96);"));
     heading->setAlignment(Qt::AlignCenter);
-    m_txtLoginID = new QLineEdit(this);
-    m_txtLoginID->setObjectName(QStringLiteral("txtLoginID"));
-    m_txtLoginID->setMaxLength(15);
-    m_txtPassword = new QLineEdit(this);
-    m_txtPassword->setObjectName(QStringLiteral("txtPassword"));
-    m_txtPassword->setMaxLength(15);
-    m_txtPassword->setEchoMode(QLineEdit::Password);
+    const LoginFields fields(this);
+    m_txtLoginID = fields.loginId;
+    m_txtPassword = fields.password;
     m_ImgOK = imageButton(QStringLiteral("ImgOK"), QStringLiteral("&OK"), QStringLiteral("rgb(151, 108, 176)"));
     m_ImgCancel = imageButton(QStringLiteral("ImgCancel"), QStringLiteral("&Cancel"),
                               QStringLiteral("rgb(170, 150, 180)"));
     m_cmdExit = new QPushButton(QStringLiteral("E&xit"), this);
     m_cmdExit->setObjectName(QStringLiteral("cmdExit"));
 
-    auto *fields = new QFormLayout;
-    fields->addRow(QStringLiteral("Login ID :"), m_txtLoginID);
-    fields->addRow(QStringLiteral("Password :"), m_txtPassword);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_ImgOK);
@@ -45,7 +38,7 @@ frmStartLogin::frmStartLogin(AppContext &ctx, QWidget *parent)
     buttons->addWidget(m_cmdExit);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(heading);
-    layout->addLayout(fields);
+    layout->addLayout(fields.form);
     layout->addLayout(buttons);
     setMinimumWidth(360);
 
@@ -69,6 +62,18 @@ QPushButton *frmStartLogin::imageButton(const QString &name, const QString &capt
     return button;
 }
 
+LoginFields::LoginFields(QWidget *screen)
+    : loginId(new QLineEdit(screen)), password(new QLineEdit(screen)), form(new QFormLayout)
+{
+    loginId->setObjectName(QStringLiteral("txtLoginID"));
+    loginId->setMaxLength(15);
+    password->setObjectName(QStringLiteral("txtPassword"));
+    password->setMaxLength(15);
+    password->setEchoMode(QLineEdit::Password);
+    form->addRow(QStringLiteral("Login ID :"), loginId);
+    form->addRow(QStringLiteral("Password :"), password);
+}
+
 bool loginFieldsFilled(MessageService &messages, QLineEdit *loginId, QLineEdit *password)
 {
     for (const auto &[field, text] : {std::pair{loginId, "Enter Login ID"}, std::pair{password, "Enter Password"}}) {
@@ -89,12 +94,8 @@ void frmStartLogin::ok()
     const QString password = m_txtPassword->text().trimmed();
     m_ctx.session.loginId = login;
     LoginResult result;
-    try {
-        result = checkLogin(m_ctx.db(), login, password);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    if (!Screen::guarded(m_ctx, [&] { result = checkLogin(m_ctx.db(), login, password); }))
         return;
-    }
     switch (result.outcome) {
     case LoginResult::Outcome::NoLoginsYet:
         emit loggedIn(true);
@@ -113,13 +114,8 @@ void frmStartLogin::ok()
     case LoginResult::Outcome::Accepted:
         m_ctx.session.userCode = result.userCode;
         m_ctx.session.userName = result.userName;
-        try {
-            m_ctx.session.calendar.load(m_ctx.db());
-        } catch (const StoreError &error) {
-            m_ctx.messages->critical(error.text());
-            return;
-        }
-        emit loggedIn(false);
+        if (Screen::guarded(m_ctx, [this] { m_ctx.session.calendar.load(m_ctx.db()); }))
+            emit loggedIn(false);
         return;
     }
 }

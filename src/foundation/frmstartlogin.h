@@ -2,9 +2,20 @@
 #include <QWidget>
 
 class MessageService;
+class QFormLayout;
 class QLineEdit;
 class QPushButton;
 struct AppContext;
+
+// The Login ID and Password fields of the login and unlock screens, in a form of their own.
+struct LoginFields
+{
+    QLineEdit *loginId = nullptr;
+    QLineEdit *password = nullptr;
+    QFormLayout *form = nullptr;
+
+    explicit LoginFields(QWidget *screen);
+};
 
 // The blank checks the login and unlock screens share: "Enter Login ID", then "Enter Password", each with the
 // focus on its field. True when both hold more than blanks.

@@ -5,7 +5,6 @@
 #include "privileges.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -21,13 +20,9 @@ frmStartUnlock::frmStartUnlock(AppContext &ctx, QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setModal(true);
 
-    m_txtLoginID = new QLineEdit(this);
-    m_txtLoginID->setObjectName(QStringLiteral("txtLoginID"));
-    m_txtLoginID->setMaxLength(15);
-    m_txtPassword = new QLineEdit(this);
-    m_txtPassword->setObjectName(QStringLiteral("txtPassword"));
-    m_txtPassword->setMaxLength(15);
-    m_txtPassword->setEchoMode(QLineEdit::Password);
+    const LoginFields fields(this);
+    m_txtLoginID = fields.loginId;
+    m_txtPassword = fields.password;
     m_cmdOK = new QPushButton(QStringLiteral("&OK"), this);
     m_cmdOK->setObjectName(QStringLiteral("cmdOK"));
     m_cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
@@ -35,14 +30,11 @@ frmStartUnlock::frmStartUnlock(AppContext &ctx, QWidget *parent)
     m_cmdOK->setAutoDefault(false);
     m_cmdCancel->setAutoDefault(false);
 
-    auto *fields = new QFormLayout;
-    fields->addRow(QStringLiteral("Login ID :"), m_txtLoginID);
-    fields->addRow(QStringLiteral("Password :"), m_txtPassword);
     auto *buttons = new QDialogButtonBox(this);
     buttons->addButton(m_cmdOK, QDialogButtonBox::AcceptRole);
     buttons->addButton(m_cmdCancel, QDialogButtonBox::RejectRole);
     auto *layout = new QVBoxLayout(this);
-    layout->addLayout(fields);
+    layout->addLayout(fields.form);
     layout->addWidget(buttons);
 
     connect(m_cmdOK, &QPushButton::clicked, this, &frmStartUnlock::ok);
@@ -57,13 +49,12 @@ void frmStartUnlock::ok()
     const QString login = m_txtLoginID->text().trimmed();
     const QString password = m_txtPassword->text().trimmed();
     bool matches = false;
-    try {
-        // The same hash as the login checks; while no login exists at all, any pair unlocks.
-        matches = Privileges::noLoginsExist(m_ctx.db()) || isLoginOf(m_ctx.db(), m_ctx.session.userCode, login, password);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    // The same hash as the login checks; while no login exists at all, any pair unlocks.
+    if (!Screen::guarded(m_ctx, [&] {
+            matches = Privileges::noLoginsExist(m_ctx.db())
+                || isLoginOf(m_ctx.db(), m_ctx.session.userCode, login, password);
+        }))
         return;
-    }
     if (!matches) {
         m_ctx.messages->information(QStringLiteral("Enter Correct Login ID / Password"));
         m_txtLoginID->clear();

@@ -9,7 +9,6 @@
 #include "screen.h"
 #include "screenregistry.h"
 #include "sql.h"
-#include "storeerror.h"
 #include "store.h"
 #include "apppaths.h"
 
@@ -76,7 +75,7 @@ void mdiTimeTable::buildMenu()
 
 bool mdiTimeTable::load()
 {
-    try {
+    const bool loaded = Screen::guarded(m_ctx, [this] {
         setBackground(false);
         const QVariant option = Sql(m_ctx.db()).scalar(QStringLiteral("SELECT * FROM Options"));
         if (option.toString() == QLatin1String("Y"))
@@ -86,8 +85,8 @@ bool mdiTimeTable::load()
         m_ctx.session.calendar.load(m_ctx.db());
         RunStatus::ensureClasswiseWorkingDays(m_ctx.db());
         RunStatus::reset(m_ctx.db());
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    });
+    if (!loaded) {
         emit programEnded();
         return false;
     }
@@ -170,11 +169,7 @@ void mdiTimeTable::openScreen(const QString &formName)
         m_ctx.messages->information(screen->refusalText);
         return;
     }
-    try {
-        showChild(formName, screen->factory(m_ctx), screen->exclusive);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [&] { showChild(formName, screen->factory(m_ctx), screen->exclusive); });
 }
 
 // The heartbeat stops, the window's place is kept for the next start and the stopped mark is written.
@@ -182,11 +177,7 @@ void mdiTimeTable::endSession()
 {
     m_tmrTimer->stop();
     rememberGeometry();
-    try {
-        RunStatus::markStopped(m_ctx.db());
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [this] { RunStatus::markStopped(m_ctx.db()); });
 }
 
 void mdiTimeTable::restartProgram()
@@ -223,7 +214,7 @@ void mdiTimeTable::rememberGeometry() const
 void mdiTimeTable::openManualPeriodsEntry()
 {
     const ScreenRegistry::Screen *screen = m_registry.screen(QStringLiteral("frmManualPeriodsEntry"));
-    try {
+    Screen::guarded(m_ctx, [&] {
         const QSqlDatabase db = m_ctx.db();
         const SchoolCalendar &calendar = m_ctx.session.calendar;
         if (ClassesUnderAllotted(db, calendar)) {
@@ -249,9 +240,7 @@ void mdiTimeTable::openManualPeriodsEntry()
             return;
         statusBar()->hide();
         showChild(QStringLiteral("frmManualPeriodsEntry"), screen->factory(m_ctx), false);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }
 
 void mdiTimeTable::showChild(const QString &formName, QWidget *screen, bool exclusive)
@@ -345,13 +334,9 @@ void mdiTimeTable::heartbeat()
 {
     if (m_heartbeatFailing)
         return; // one box at a time: the timer goes on once the user has read it
-    try {
-        RunStatus::heartbeat(m_ctx.db());
-    } catch (const StoreError &error) {
-        m_heartbeatFailing = true;
-        m_ctx.messages->critical(error.text());
-        m_heartbeatFailing = false;
-    }
+    m_heartbeatFailing = true;
+    Screen::guarded(m_ctx, [this] { RunStatus::heartbeat(m_ctx.db()); });
+    m_heartbeatFailing = false;
 }
 
 void mdiTimeTable::lock()

@@ -17,6 +17,7 @@
 #include <QListWidget>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QShortcut>
@@ -124,6 +125,40 @@ private:
     QAbstractButton *m_exit;
 };
 
+// Runs a screen's step when it comes forward: on WindowActivate, and on the activation of the child window the
+// screen sits in (hooked when the screen is put in that window or shown there).
+class ComeForwardFilter : public QObject
+{
+public:
+    ComeForwardFilter(QWidget *screen, const std::function<void()> &step)
+        : QObject(screen), m_screen(screen), m_step(step)
+    {
+        screen->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched != m_screen)
+            return false;
+        if (event->type() == QEvent::WindowActivate) {
+            m_step();
+        } else if (event->type() == QEvent::ParentChange || event->type() == QEvent::Show) {
+            auto *frame = qobject_cast<QMdiSubWindow *>(m_screen->parentWidget());
+            if (frame && frame != m_frame) {
+                m_frame = frame;
+                connect(frame, &QMdiSubWindow::aboutToActivate, this, [this] { m_step(); });
+            }
+        }
+        return false;
+    }
+
+private:
+    QWidget *m_screen;
+    std::function<void()> m_step;
+    QPointer<QMdiSubWindow> m_frame;
+};
+
 // The field's caption, from the label that names it, without its accelerator and colon.
 QString captionOf(const QWidget *screen, const QWidget *field)
 {
@@ -181,15 +216,29 @@ void applyConventions(QWidget *screen, AppContext &ctx, int helpScreenNo)
 
 bool guarded(AppContext &ctx, const std::function<void()> &step)
 {
+    bool failing = false;
+    return guardedOnce(ctx, failing, step);
+}
+
+bool guardedOnce(AppContext &ctx, bool &failing, const std::function<void()> &step)
+{
     try {
         step();
+        failing = false;
         return true;
     } catch (const StoreError &error) {
         while (QApplication::overrideCursor())
             QApplication::restoreOverrideCursor();
-        ctx.messages->critical(error.text());
+        if (!failing)
+            ctx.messages->critical(error.text());
+        failing = true;
         return false;
     }
+}
+
+void onComeForward(QWidget *screen, const std::function<void()> &step)
+{
+    new ComeForwardFilter(screen, step);
 }
 
 QPushButton *button(QWidget *screen, const char *name, const QString &caption)

@@ -22,6 +22,12 @@ void DigitsOnly(QLineEdit *field, int maxLength = 0);
 // Runs one step of a screen. A store error it raises is shown in one critical box (after the wait cursor, if
 // any, is put back) and the answer is false; true when the step ran through.
 bool guarded(AppContext &ctx, const std::function<void()> &step);
+// As guarded(), for a step that runs each time the screen comes forward: closing the box brings the screen
+// forward again, which would fail again, so a failure is shown once until the step has run through.
+bool guardedOnce(AppContext &ctx, bool &failing, const std::function<void()> &step);
+// Runs `step` each time the screen comes forward: when its window is activated and, inside the main window,
+// when its child window is (coming back from another child window sends the screen no WindowActivate).
+void onComeForward(QWidget *screen, const std::function<void()> &step);
 // A push button of the screen, named as the design names it.
 QPushButton *button(QWidget *screen, const char *name, const QString &caption);
 // Empties every text box, list and grid of the screen; dates go to today, check boxes off.

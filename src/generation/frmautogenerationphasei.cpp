@@ -1,4 +1,5 @@
 #include "frmautogenerationphasei.h"
+#include "codecombo.h"
 #include "completionrun.h"
 #include "generationengine.h"
 #include "generationscreens.h"
@@ -11,7 +12,6 @@
 #include "settingsgrid.h"
 #include "sql.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -19,7 +19,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSqlQuery>
@@ -32,13 +31,6 @@ constexpr int HelpScreenNo = 18;
 // Row number 8 of the teacher grid and 4 of the subject grid, counting the heading as row 0, take no clicks.
 constexpr int TeacherDeadRow = 7;
 constexpr int SubjectDeadRow = 3;
-
-QPushButton *button(QWidget *parent, const char *name, const QString &caption)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    return b;
-}
 
 QTableWidget *grid(QWidget *parent, const char *name)
 {
@@ -69,7 +61,7 @@ frmAutoGenerationPhaseI::frmAutoGenerationPhaseI(AppContext &ctx, QWidget *paren
     buildLayout();
     connectControls();
     m_run = new RunProgress(this, m_prgDisplay, m_lblProgress, m_lblAchieved, m_cmdCancelRun);
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         // The opening rebuilds each teacher's free-period type from the week and the teacher's load.
         GenerationEngine engine(m_ctx.db(), ProgramRandom());
         engine.openPhaseOne();
@@ -77,6 +69,7 @@ frmAutoGenerationPhaseI::frmAutoGenerationPhaseI(AppContext &ctx, QWidget *paren
     });
     comeForward();
     Screen::applyConventions(this, ctx, HelpScreenNo);
+    Screen::onComeForward(this, [this] { comeForward(); });
     m_teachers->takeEnter();
     m_subjects->takeEnter();
 }
@@ -96,15 +89,16 @@ void frmAutoGenerationPhaseI::buildLayout()
 
     m_frame4 = new QWidget(this);
     m_frame4->setObjectName(QStringLiteral("Frame4"));
-    m_cmdNew = button(m_frame4, "cmdNew", QStringLiteral("&New"));
-    m_cmdEdit = button(m_frame4, "cmdEdit", QStringLiteral("&Edit"));
-    m_cmdSave = button(m_frame4, "cmdSave", QStringLiteral("&Save"));
-    m_cmdCancel = button(m_frame4, "cmdCancel", QStringLiteral("&Cancel"));
-    m_cmdDelete = button(m_frame4, "cmdDelete", QStringLiteral("&Delete"));
-    m_cmdProcess = button(m_frame4, "cmdProcess", QStringLiteral("&Process"));
-    m_cmdExit = button(m_frame4, "cmdExit", QStringLiteral("E&xit"));
-    m_cmdShow = button(m_frame4, "cmdShow", QStringLiteral("S&how"));
-    m_cmdCheckBeforeGeneration = button(m_frame4, "cmdCheckBeforeGeneration", QStringLiteral("Chec&k Before Generation"));
+    m_cmdNew = Screen::button(m_frame4, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(m_frame4, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdSave = Screen::button(m_frame4, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(m_frame4, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdDelete = Screen::button(m_frame4, "cmdDelete", QStringLiteral("&Delete"));
+    m_cmdProcess = Screen::button(m_frame4, "cmdProcess", QStringLiteral("&Process"));
+    m_cmdExit = Screen::button(m_frame4, "cmdExit", QStringLiteral("E&xit"));
+    m_cmdShow = Screen::button(m_frame4, "cmdShow", QStringLiteral("S&how"));
+    m_cmdCheckBeforeGeneration =
+        Screen::button(m_frame4, "cmdCheckBeforeGeneration", QStringLiteral("Chec&k Before Generation"));
     m_cmdCheckBeforeGeneration->setToolTip(QStringLiteral("Lists What Makes A Complete TimeTable Impossible"));
     auto *entry = new QHBoxLayout(m_frame4);
     entry->setContentsMargins(0, 0, 0, 0);
@@ -176,7 +170,7 @@ QWidget *frmAutoGenerationPhaseI::buildValidity()
     m_msgValidity->setAlternatingRowColors(false);
     m_msgValidity->verticalHeader()->hide();
     m_msgValidity->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_cmdClose = button(m_fraValidity, "cmdClose", QStringLiteral("Close"));
+    m_cmdClose = Screen::button(m_fraValidity, "cmdClose", QStringLiteral("Close"));
     auto *heading = new QLabel(
         QStringLiteral("If You See The Below Color In Any Of The Above Cells Then You Cannot Proceed For Auto Generation"),
         m_fraValidity);
@@ -202,12 +196,15 @@ QWidget *frmAutoGenerationPhaseI::buildValidity()
 QWidget *frmAutoGenerationPhaseI::buildRun()
 {
     auto *box = new QGroupBox(this);
-    m_cmdFixBalancePeriods = button(box, "cmdFixBalancePeriods", QStringLiteral("Fix Balance Periods"));
-    m_cmdPendingPeriods = button(box, "cmdPendingPeriods", QStringLiteral("Auto Generation Phase &1 Pending Periods"));
-    m_cmdTimeTablePercentage = button(box, "cmdTimeTablePercentage", QStringLiteral("&TimeTable Generated in %age"));
-    m_cmdClasswiseWorkingDays = button(box, "cmdClasswiseWorkingDays", QStringLiteral("Classwise-Working Days"));
-    m_cmdCancelRun = button(box, "cmdCancelRun", QStringLiteral("Ca&ncel Run"));
-    m_cmdCompletePeriods = button(box, "cmdCompletePeriods", QStringLiteral("Complete By &Moving Periods"));
+    m_cmdFixBalancePeriods = Screen::button(box, "cmdFixBalancePeriods", QStringLiteral("Fix Balance Periods"));
+    m_cmdPendingPeriods =
+        Screen::button(box, "cmdPendingPeriods", QStringLiteral("Auto Generation Phase &1 Pending Periods"));
+    m_cmdTimeTablePercentage =
+        Screen::button(box, "cmdTimeTablePercentage", QStringLiteral("&TimeTable Generated in %age"));
+    m_cmdClasswiseWorkingDays =
+        Screen::button(box, "cmdClasswiseWorkingDays", QStringLiteral("Classwise-Working Days"));
+    m_cmdCancelRun = Screen::button(box, "cmdCancelRun", QStringLiteral("Ca&ncel Run"));
+    m_cmdCompletePeriods = Screen::button(box, "cmdCompletePeriods", QStringLiteral("Complete By &Moving Periods"));
     m_cmdCompletePeriods->setToolTip(QStringLiteral("Places The Periods Not Filled By Moving Periods Placed By The Generation"));
     m_prgDisplay = new QProgressBar(box);
     m_prgDisplay->setObjectName(QStringLiteral("prgDisplay"));
@@ -263,25 +260,25 @@ void frmAutoGenerationPhaseI::connectControls()
     connect(m_cmdCheckBeforeGeneration, &QPushButton::clicked, this, [this] { CompletionRun::ShowImpossibilities(m_ctx); });
 
     connect(m_cboUniformPeriod, &QComboBox::activated, this, &frmAutoGenerationPhaseI::uniformAnswered);
-    connect(m_teachers, &SettingsGrid::nameCellClicked, m_teachers, &SettingsGrid::placeCombo);
-    connect(m_subjects, &SettingsGrid::nameCellClicked, m_subjects, &SettingsGrid::placeCombo);
-    connect(m_teachers, &SettingsGrid::periodCellClicked, this, &frmAutoGenerationPhaseI::teacherPeriodClicked);
-    connect(m_subjects, &SettingsGrid::periodCellClicked, this, &frmAutoGenerationPhaseI::subjectPeriodClicked);
-    connect(m_cboTeacher, &QComboBox::activated, this, &frmAutoGenerationPhaseI::teacherChosen);
-    connect(m_teachers, &SettingsGrid::nameEntered, this, &frmAutoGenerationPhaseI::teacherChosen);
-    connect(m_subjects, &SettingsGrid::nameEntered, this, &frmAutoGenerationPhaseI::subjectChosen);
-    connect(m_cboSubject, &QComboBox::activated, this, &frmAutoGenerationPhaseI::subjectChosen);
+    for (SettingsGrid *settings : {m_teachers, m_subjects}) {
+        connect(settings, &SettingsGrid::nameCellClicked, settings, &SettingsGrid::placeCombo);
+        connect(settings, &SettingsGrid::periodCellClicked, this,
+                [this, settings](int row, int period) { periodClicked(settings, row, period); });
+        connect(settings->combo(), &QComboBox::activated, this, [this, settings] { nameChosen(settings); });
+        connect(settings, &SettingsGrid::nameEntered, this, [this, settings] { nameChosen(settings); });
+    }
 }
 
 void frmAutoGenerationPhaseI::fillLists()
 {
     const Sql sql(m_ctx.db());
+    // No entry is chosen until the user picks one.
     auto fill = [&sql](QComboBox *combo, const QString &statement) {
-        combo->clear();
+        QList<CodeName> entries;
         QSqlQuery q = sql.run(statement);
         while (q.next())
-            combo->addItem(q.value(1).toString(), q.value(0).toInt());
-        combo->setCurrentIndex(-1);
+            entries.append({q.value(0).toInt(), q.value(1).toString()});
+        CodeCombo::fill(combo, entries, false);
         Screen::WidenDropDown(combo);
     };
     fill(m_cboTeacher, QStringLiteral("SELECT TeacherCode, TeacherName FROM TeacherMaster WHERE TeacherCode > 0 ORDER BY TeacherName"));
@@ -289,29 +286,6 @@ void frmAutoGenerationPhaseI::fillLists()
     const QStringList periods = SchoolCalendar::periodNames(m_ctx.db()).mid(0, m_ctx.session.calendar.periodsPerDay);
     m_teachers->setPeriods(periods);
     m_subjects->setPeriods(periods);
-}
-
-bool frmAutoGenerationPhaseI::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowActivate)
-        comeForward();
-    return QWidget::event(event);
-}
-
-void frmAutoGenerationPhaseI::showEvent(QShowEvent *event)
-{
-    // Inside the main window, coming back from another child window is the frame's activation.
-    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget()); frame && !m_activationHooked) {
-        m_activationHooked = true;
-        connect(frame, &QMdiSubWindow::aboutToActivate, this, &frmAutoGenerationPhaseI::comeForward);
-    }
-    QWidget::showEvent(event);
-}
-
-void frmAutoGenerationPhaseI::showStoreError(const StoreError &error)
-{
-    QApplication::restoreOverrideCursor();
-    m_ctx.messages->critical(error.text());
 }
 
 void frmAutoGenerationPhaseI::exitScreen()

@@ -1,7 +1,6 @@
 #pragma once
 #include "phaseonechecks.h"
 #include "phaseonesettings.h"
-#include "storeerror.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -24,10 +23,6 @@ class frmAutoGenerationPhaseI : public QWidget
     Q_OBJECT
 public:
     explicit frmAutoGenerationPhaseI(AppContext &ctx, QWidget *parent = nullptr);
-
-protected:
-    bool event(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     enum class Mode { Idle, New, Edit };
@@ -55,10 +50,8 @@ private:
     void uniformAnswered();
     void buildValidityGrid();
     void showValidity(bool show);
-    void teacherChosen();
-    void subjectChosen();
-    void teacherPeriodClicked(int row, int period);
-    void subjectPeriodClicked(int row, int period);
+    void nameChosen(SettingsGrid *settings);
+    void periodClicked(SettingsGrid *settings, int row, int period);
     void removeSubjectChecks(const QString &subject);
     void fillSubjectChecks();
 
@@ -66,23 +59,9 @@ private:
     void fillWorkList();
     void totalAchieved();
 
-    template<typename Action>
-    bool guarded(Action action)
-    {
-        try {
-            action();
-            return true;
-        } catch (const StoreError &error) {
-            showStoreError(error);
-            return false;
-        }
-    }
-    void showStoreError(const StoreError &error);
-
     AppContext &m_ctx;
     Mode m_mode = Mode::Idle;
     bool m_cannotProceed = false;
-    bool m_activationHooked = false;
     QString m_answer; // the uniform answer the grids were last made for
     PhaseOneChecks::ValidityGrid m_validity;
     bool m_validityBuilt = false;

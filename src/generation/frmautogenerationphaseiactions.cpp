@@ -38,7 +38,7 @@ void frmAutoGenerationPhaseI::comeForward()
     // A screen in the middle of New or Edit, or of a run, keeps what it shows.
     if (m_mode != Mode::Idle || (m_run && m_run->running()))
         return;
-    guarded([this] { loadData(); });
+    Screen::guarded(m_ctx, [this] { loadData(); });
 }
 
 void frmAutoGenerationPhaseI::loadData()
@@ -88,7 +88,9 @@ void frmAutoGenerationPhaseI::newEntry()
 {
     if (!AllowedOrSay(m_ctx, FormName, Privileges::New))
         return;
-    if (!guarded([this] { PhaseOneChecks::SyncClasswiseWorkingDays(m_ctx.db(), m_ctx.session.calendar); }))
+    if (!Screen::guarded(m_ctx, [this] {
+            PhaseOneChecks::SyncClasswiseWorkingDays(m_ctx.db(), m_ctx.session.calendar);
+        }))
         return;
     m_mode = Mode::New;
     m_validityBuilt = false;
@@ -134,7 +136,9 @@ void frmAutoGenerationPhaseI::save()
     bool saved = false;
     {
         BusyCursor busy;
-        saved = guarded([&] { PhaseOneSettings::Save(m_ctx.db(), m_ctx.session.calendar, settings, edit); });
+        saved = Screen::guarded(m_ctx, [&] {
+            PhaseOneSettings::Save(m_ctx.db(), m_ctx.session.calendar, settings, edit);
+        });
     }
     if (!saved)
         return;
@@ -161,7 +165,7 @@ void frmAutoGenerationPhaseI::deleteEntry()
         return;
     if (!m_ctx.messages->question(QStringLiteral("Do You Want To Delete This Record ?")))
         return;
-    if (!guarded([this] { PhaseOneSettings::Delete(m_ctx.db()); }))
+    if (!Screen::guarded(m_ctx, [this] { PhaseOneSettings::Delete(m_ctx.db()); }))
         return;
     cancel();
     m_ctx.messages->information(Texts::recordDeleted());
@@ -203,7 +207,7 @@ void frmAutoGenerationPhaseI::uniformAnswered()
 
 void frmAutoGenerationPhaseI::buildValidityGrid()
 {
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         BusyCursor busy;
         SchoolSnapshot snapshot;
         snapshot.load(m_ctx.db());
@@ -245,63 +249,51 @@ void frmAutoGenerationPhaseI::showValidity(bool show)
         setFocus();
 }
 
-void frmAutoGenerationPhaseI::teacherChosen()
+// A name chosen in a grid's combo, by the list or by Enter. A subject also brings its teachers' periods into
+// the check grid.
+void frmAutoGenerationPhaseI::nameChosen(SettingsGrid *settings)
 {
-    const int row = m_teachers->comboRow();
+    const bool teacher = settings->kind() == PhaseOneSettings::Kind::Teacher;
+    const int row = settings->comboRow();
     if (row < 0)
         return;
-    const QString name = m_cboTeacher->currentText().trimmed();
+    QComboBox *combo = settings->combo();
+    const QString name = combo->currentText().trimmed();
+    const QString before = settings->row(row).name;
     if (name.isEmpty()) {
-        m_teachers->setRow(row, SettingRow());
+        settings->setRow(row, SettingRow());
+        if (!teacher) {
+            removeSubjectChecks(before);
+            fillSubjectChecks();
+        }
         return;
     }
-    const int item = m_cboTeacher->findText(name, Qt::MatchFixedString);
+    const int item = combo->findText(name, Qt::MatchFixedString);
     if (item < 0)
         return;
-    if (m_teachers->otherRowNamed(name, row) >= 0) {
-        m_ctx.messages->information(QStringLiteral("Teacher Already Selected"));
+    if (settings->otherRowNamed(name, row) >= 0) {
+        m_ctx.messages->information(teacher ? QStringLiteral("Teacher Already Selected")
+                                            : QStringLiteral("Subject Already Selected"));
         return;
     }
     SettingRow chosen;
-    chosen.name = m_cboTeacher->itemText(item);
-    chosen.code = m_cboTeacher->itemData(item).toInt();
-    if (!guarded([&] { chosen.noOfPeriods = PhaseOneSettings::TeacherPeriods(m_ctx.db(), chosen.code); }))
-        return;
-    m_teachers->setRow(row, chosen);
-    m_teachers->placeCombo(row + 1);
-}
-
-void frmAutoGenerationPhaseI::subjectChosen()
-{
-    const int row = m_subjects->comboRow();
-    if (row < 0)
-        return;
-    const QString name = m_cboSubject->currentText().trimmed();
-    const QString before = m_subjects->row(row).name;
-    if (name.isEmpty()) {
-        removeSubjectChecks(before);
-        m_subjects->setRow(row, SettingRow());
-        fillSubjectChecks();
-        return;
-    }
-    const int item = m_cboSubject->findText(name, Qt::MatchFixedString);
-    if (item < 0)
-        return;
-    if (m_subjects->otherRowNamed(name, row) >= 0) {
-        m_ctx.messages->information(QStringLiteral("Subject Already Selected"));
-        return;
-    }
-    SettingRow chosen;
-    chosen.name = m_cboSubject->itemText(item);
-    chosen.code = m_cboSubject->itemData(item).toInt();
+    chosen.name = combo->itemText(item);
+    chosen.code = combo->itemData(item).toInt();
     QList<PhaseOneSettings::SubjectTeacherRow> teachers;
-    if (!guarded([&] { teachers = PhaseOneSettings::TeachersOfSubject(m_ctx.db(), chosen.code, chosen.name); }))
+    if (!Screen::guarded(m_ctx, [&] {
+            if (teacher)
+                chosen.noOfPeriods = PhaseOneSettings::TeacherPeriods(m_ctx.db(), chosen.code);
+            else
+                teachers = PhaseOneSettings::TeachersOfSubject(m_ctx.db(), chosen.code, chosen.name);
+        }))
         return;
-    removeSubjectChecks(before);
-    m_subjectChecks.append(teachers);
-    fillSubjectChecks();
-    m_subjects->setRow(row, chosen);
-    m_subjects->placeCombo(row + 1);
+    if (!teacher) {
+        removeSubjectChecks(before);
+        m_subjectChecks.append(teachers);
+        fillSubjectChecks();
+    }
+    settings->setRow(row, chosen);
+    settings->placeCombo(row + 1);
 }
 
 void frmAutoGenerationPhaseI::removeSubjectChecks(const QString &subject)
@@ -326,22 +318,28 @@ void frmAutoGenerationPhaseI::fillSubjectChecks()
     }
 }
 
-void frmAutoGenerationPhaseI::teacherPeriodClicked(int row, int period)
+// A click on a period cell of either grid: a "No" goes after a question, a new one after the checks of its
+// grid's kind.
+void frmAutoGenerationPhaseI::periodClicked(SettingsGrid *settings, int row, int period)
 {
-    SettingRow setting = m_teachers->row(row);
+    SettingRow setting = settings->row(row);
     const SchoolCalendar &calendar = m_ctx.session.calendar;
     if (period <= setting.free.size() && setting.free[period - 1]) {
         if (m_ctx.messages->question(QStringLiteral("Do You Want To Remove The Entry ?"))) {
             PhaseOneSettings::SetFree(calendar, setting, period, false);
-            m_teachers->setRow(row, setting);
+            settings->setRow(row, setting);
         }
         return;
     }
     QString refusal;
     const bool yes = m_cboUniformPeriod->currentText() == QLatin1String("YES");
-    if (!guarded([&] {
-            refusal = PhaseOneSettings::TeacherFreeRefusal(m_ctx.db(), calendar, setting, period, yes,
-                                                           m_validityBuilt ? &m_validity : nullptr);
+    if (!Screen::guarded(m_ctx, [&] {
+            if (settings->kind() == PhaseOneSettings::Kind::Teacher)
+                refusal = PhaseOneSettings::TeacherFreeRefusal(m_ctx.db(), calendar, setting, period, yes,
+                                                               m_validityBuilt ? &m_validity : nullptr);
+            else
+                refusal = PhaseOneSettings::SubjectFreeRefusal(m_ctx.db(), calendar, setting, period, yes,
+                                                               m_subjectChecks);
         }))
         return;
     if (!refusal.isEmpty()) {
@@ -349,32 +347,7 @@ void frmAutoGenerationPhaseI::teacherPeriodClicked(int row, int period)
         return;
     }
     PhaseOneSettings::SetFree(calendar, setting, period, true);
-    m_teachers->setRow(row, setting);
-}
-
-void frmAutoGenerationPhaseI::subjectPeriodClicked(int row, int period)
-{
-    SettingRow setting = m_subjects->row(row);
-    const SchoolCalendar &calendar = m_ctx.session.calendar;
-    if (period <= setting.free.size() && setting.free[period - 1]) {
-        if (m_ctx.messages->question(QStringLiteral("Do You Want To Remove The Entry ?"))) {
-            PhaseOneSettings::SetFree(calendar, setting, period, false);
-            m_subjects->setRow(row, setting);
-        }
-        return;
-    }
-    QString refusal;
-    const bool yes = m_cboUniformPeriod->currentText() == QLatin1String("YES");
-    if (!guarded([&] {
-            refusal = PhaseOneSettings::SubjectFreeRefusal(m_ctx.db(), calendar, setting, period, yes, m_subjectChecks);
-        }))
-        return;
-    if (!refusal.isEmpty()) {
-        m_ctx.messages->information(refusal);
-        return;
-    }
-    PhaseOneSettings::SetFree(calendar, setting, period, true);
-    m_subjects->setRow(row, setting);
+    settings->setRow(row, setting);
 }
 
 void frmAutoGenerationPhaseI::process()
@@ -382,7 +355,7 @@ void frmAutoGenerationPhaseI::process()
     GenerationEngine engine(m_ctx.db(), ProgramRandom());
     GenerationResult result;
     const GenerationSettings settings = m_run->start();
-    const bool ran = guarded([&] { result = engine.processPhaseOne(*m_ctx.messages, settings); });
+    const bool ran = Screen::guarded(m_ctx, [&] { result = engine.processPhaseOne(*m_ctx.messages, settings); });
     m_run->finish();
     if (!ran)
         return;
@@ -402,7 +375,7 @@ void frmAutoGenerationPhaseI::pendingPeriods()
 {
     {
         BusyCursor busy;
-        if (!guarded([this] {
+        if (!Screen::guarded(m_ctx, [this] {
                 GenerationEngine engine(m_ctx.db(), ProgramRandom());
                 engine.load();
                 engine.refreshPhaseOneBalance();
@@ -416,10 +389,12 @@ void frmAutoGenerationPhaseI::pendingPeriods()
 
 void frmAutoGenerationPhaseI::fillWorkList()
 {
-    guarded([this] { FillWorkListGrid(m_msgAutoGen1Details, m_ctx.db(), QStringLiteral("AutoGenPhase1")); });
+    Screen::guarded(m_ctx, [this] {
+        FillWorkListGrid(m_msgAutoGen1Details, m_ctx.db(), QStringLiteral("AutoGenPhase1"));
+    });
 }
 
 void frmAutoGenerationPhaseI::totalAchieved()
 {
-    guarded([this] { RunProgress::showTotalAchieved(m_lblAchieved, StoredTotalAchieved(m_ctx.db())); });
+    Screen::guarded(m_ctx, [this] { RunProgress::showTotalAchieved(m_lblAchieved, StoredTotalAchieved(m_ctx.db())); });
 }

@@ -6,16 +6,13 @@
 #include "runprogress.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
@@ -44,20 +41,20 @@ frmAutoGenerationPhaseII::frmAutoGenerationPhaseII(AppContext &ctx, QWidget *par
     open();
     comeForward();
     Screen::applyConventions(this, ctx, HelpScreenNo);
+    Screen::onComeForward(this, [this] { comeForward(); });
 }
 
 void frmAutoGenerationPhaseII::buildLayout()
 {
-    const auto button = [this](const char *name, const QString &caption) { return Screen::button(this, name, caption); };
-    m_cmdProcess = button("cmdProcess", QStringLiteral("&Process"));
-    m_cmdFixBalancePeriods = button("cmdFixBalancePeriods", QStringLiteral("&Fix Balance Periods"));
-    m_cmdBalancePeriods = button("cmdBalancePeriods", QStringLiteral("&Balance Periods"));
+    m_cmdProcess = Screen::button(this, "cmdProcess", QStringLiteral("&Process"));
+    m_cmdFixBalancePeriods = Screen::button(this, "cmdFixBalancePeriods", QStringLiteral("&Fix Balance Periods"));
+    m_cmdBalancePeriods = Screen::button(this, "cmdBalancePeriods", QStringLiteral("&Balance Periods"));
     m_cmdBalancePeriods->setToolTip(QStringLiteral("Periods Yet To Be Allotted In Phase II"));
-    m_cmdTotalAchieved = button("cmdTotalAchieved", QStringLiteral("&Total Achieved"));
-    m_cmdCompletePeriods = button("cmdCompletePeriods", QStringLiteral("Complete By &Moving Periods"));
+    m_cmdTotalAchieved = Screen::button(this, "cmdTotalAchieved", QStringLiteral("&Total Achieved"));
+    m_cmdCompletePeriods = Screen::button(this, "cmdCompletePeriods", QStringLiteral("Complete By &Moving Periods"));
     m_cmdCompletePeriods->setToolTip(QStringLiteral("Places The Periods Not Filled By Moving Periods Placed By The Generation"));
-    m_cmdCancelRun = button("cmdCancelRun", QStringLiteral("Ca&ncel Run"));
-    m_cmdExit = button("cmdExit", QStringLiteral("E&xit"));
+    m_cmdCancelRun = Screen::button(this, "cmdCancelRun", QStringLiteral("Ca&ncel Run"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
 
     m_msgAutoGen2Details = new QTableWidget(this);
     m_msgAutoGen2Details->setObjectName(QStringLiteral("msgAutoGen2Details"));
@@ -101,27 +98,7 @@ void frmAutoGenerationPhaseII::buildLayout()
 // The Phase I settings and balance must be fresh before Phase II can judge whether Phase I is complete.
 void frmAutoGenerationPhaseII::open()
 {
-    try {
-        m_engine.openPhaseTwo();
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
-}
-
-bool frmAutoGenerationPhaseII::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowActivate)
-        comeForward();
-    return QWidget::event(event);
-}
-
-void frmAutoGenerationPhaseII::showEvent(QShowEvent *event)
-{
-    // Inside the main window, coming back from another child window sends no WindowActivate, only this.
-    if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget()))
-        connect(window, &QMdiSubWindow::aboutToActivate, this, &frmAutoGenerationPhaseII::comeForward,
-                Qt::UniqueConnection);
-    QWidget::showEvent(event);
+    Screen::guarded(m_ctx, [this] { m_engine.openPhaseTwo(); });
 }
 
 // Once Phase II has placed rows, Process stays off until they are deleted in the utilities, and Fix Balance
@@ -130,15 +107,8 @@ void frmAutoGenerationPhaseII::comeForward()
 {
     if (m_run->running())
         return;
-    try {
-        m_cmdProcess->setEnabled(m_engine.phaseTwoProcessAllowed());
-        m_refreshFailed = false;
-    } catch (const StoreError &error) {
-        // Said once: closing the box activates the screen again, which would ask again and fail again.
-        if (!m_refreshFailed)
-            m_ctx.messages->critical(error.text());
-        m_refreshFailed = true;
-    }
+    Screen::guardedOnce(m_ctx, m_refreshFailed,
+                        [this] { m_cmdProcess->setEnabled(m_engine.phaseTwoProcessAllowed()); });
     m_cmdFixBalancePeriods->setEnabled(!m_cmdProcess->isEnabled());
 }
 
@@ -149,9 +119,9 @@ void frmAutoGenerationPhaseII::process()
 
 void frmAutoGenerationPhaseII::fixBalancePeriods()
 {
-    try {
-        // Fix rewrites the list a pending window shows: whoever opened it, it closes first when there is
-        // something to fix.
+    // Fix rewrites the list a pending window shows: whoever opened it, it closes first when there is
+    // something to fix.
+    const bool checked = Screen::guarded(m_ctx, [this] {
         if (!m_engine.phaseTwoProcessAllowed()) {
             ClosePendingWindow(m_pendingWindow);
             for (QWidget *widget : QApplication::allWidgets()) {
@@ -161,10 +131,9 @@ void frmAutoGenerationPhaseII::fixBalancePeriods()
                 }
             }
         }
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    });
+    if (!checked)
         return;
-    }
     run(&GenerationEngine::fixBalancePeriods, m_cmdFixBalancePeriods);
 }
 
@@ -173,15 +142,12 @@ void frmAutoGenerationPhaseII::run(GenerationResult (GenerationEngine::*press)(M
 {
     GenerationResult result;
     const GenerationSettings settings = m_run->start();
-    try {
-        result = (m_engine.*press)(*m_ctx.messages, settings);
-    } catch (const StoreError &error) {
-        m_run->finish();
-        m_ctx.messages->critical(error.text());
+    const bool ran = Screen::guarded(m_ctx, [&] { result = (m_engine.*press)(*m_ctx.messages, settings); });
+    m_run->finish();
+    if (!ran) {
         comeForward();
         return;
     }
-    m_run->finish();
     fillWorkList();
     comeForward();
     if (result.nothingToPlace) {
@@ -204,13 +170,8 @@ void frmAutoGenerationPhaseII::openPending(PendingView view)
 void frmAutoGenerationPhaseII::balancePeriods()
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    try {
-        m_engine.refreshPhaseTwoBalance();
-    } catch (const StoreError &error) {
-        QApplication::restoreOverrideCursor();
-        m_ctx.messages->critical(error.text());
+    if (!Screen::guarded(m_ctx, [this] { m_engine.refreshPhaseTwoBalance(); }))
         return;
-    }
     QApplication::restoreOverrideCursor();
     fillWorkList();
     openPending(PendingView::PhaseTwo);
@@ -218,20 +179,14 @@ void frmAutoGenerationPhaseII::balancePeriods()
 
 void frmAutoGenerationPhaseII::fillWorkList()
 {
-    try {
+    Screen::guarded(m_ctx, [this] {
         FillWorkListGrid(m_msgAutoGen2Details, m_ctx.db(), QStringLiteral("AutoGenPhase2"));
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }
 
 void frmAutoGenerationPhaseII::totalAchieved()
 {
-    try {
-        RunProgress::showTotalAchieved(m_lblAchieved, StoredTotalAchieved(m_ctx.db()));
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [this] { RunProgress::showTotalAchieved(m_lblAchieved, StoredTotalAchieved(m_ctx.db())); });
 }
 
 void frmAutoGenerationPhaseII::exitScreen()

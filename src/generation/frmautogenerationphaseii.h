@@ -21,8 +21,6 @@ public:
     explicit frmAutoGenerationPhaseII(AppContext &ctx, QWidget *parent = nullptr);
 
 protected:
-    bool event(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

@@ -13,12 +13,10 @@
 #include "storeerror.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -50,6 +48,7 @@ frmPendingPeriods::frmPendingPeriods(AppContext &ctx, QWidget *parent) : QWidget
     connect(m_cmdExit, &QPushButton::clicked, this, &frmPendingPeriods::exitScreen);
     refresh();
     Screen::applyConventions(this, ctx, 0);
+    Screen::onComeForward(this, [this] { refresh(); });
 }
 
 frmPendingPeriods::~frmPendingPeriods() = default;
@@ -145,37 +144,16 @@ void frmPendingPeriods::completePeriods()
     refresh();
 }
 
-bool frmPendingPeriods::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowActivate)
-        refresh();
-    return QWidget::event(event);
-}
-
-void frmPendingPeriods::showEvent(QShowEvent *event)
-{
-    // Inside the main window, coming back from another child window sends no WindowActivate, only this.
-    if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget()))
-        connect(window, &QMdiSubWindow::aboutToActivate, this, &frmPendingPeriods::refresh, Qt::UniqueConnection);
-    QWidget::showEvent(event);
-}
-
 void frmPendingPeriods::refresh()
 {
     if (m_run && m_run->running())
         return;
     m_view = CurrentPendingView();
-    try {
-        GenerationEngine engine(m_ctx.db(), ProgramRandom());
-        m_list = engine.pending(m_view);
-        m_refreshFailed = false;
-    } catch (const StoreError &error) {
-        // Said once: closing the box activates the window again, which would refresh and fail again.
-        if (!m_refreshFailed)
-            m_ctx.messages->critical(error.text());
-        m_refreshFailed = true;
+    if (!Screen::guardedOnce(m_ctx, m_refreshFailed, [this] {
+            GenerationEngine engine(m_ctx.db(), ProgramRandom());
+            m_list = engine.pending(m_view);
+        }))
         m_list = PendingList();
-    }
     m_reasons.reset();
     fillGrid(m_list);
     m_lblTotal->setText(QString::number(m_list.total));

@@ -26,10 +26,6 @@ public:
     // Lists the view the opener chose (CurrentPendingView()).
     void refresh();
 
-protected:
-    bool event(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-
 private:
     void buildLayout();
     void fillGrid(const PendingList &list);

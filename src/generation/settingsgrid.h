@@ -16,6 +16,9 @@ public:
     // `deadRow` (0-based, under the heading) takes no clicks.
     SettingsGrid(QTableWidget *grid, QComboBox *combo, PhaseOneSettings::Kind kind, int deadRow);
 
+    PhaseOneSettings::Kind kind() const { return m_kind; }
+    // The name combo the screen made for this grid.
+    QComboBox *combo() const { return m_combo; }
     void setPeriods(const QStringList &names);
     // The rows shown, with the spare row after them.
     void setRows(const QList<PhaseOneSettings::SettingRow> &rows);

@@ -1,4 +1,5 @@
 #include "frmrptteachertt.h"
+#include "codecombo.h"
 #include "excelexport.h"
 #include "gridtextfile.h"
 #include "launcher.h"
@@ -8,7 +9,6 @@
 #include "routines.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 #include "teachertimetable.h"
 
 #include <QApplication>
@@ -55,13 +55,12 @@ void frmrptTeacherTT::buildLayout()
     m_msgTeacher->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_msgTeacher->setMinimumSize(640, 260);
 
-    const auto button = [this](const char *name, const QString &caption) { return Screen::button(this, name, caption); };
-    m_cmdPrint = button("cmdPrint", QStringLiteral("&Print"));
+    m_cmdPrint = Screen::button(this, "cmdPrint", QStringLiteral("&Print"));
     m_cmdPrint->setToolTip(QStringLiteral("View In NOTEPAD Editor"));
-    m_cmdExport = button("cmdExport", QStringLiteral("&Export"));
+    m_cmdExport = Screen::button(this, "cmdExport", QStringLiteral("&Export"));
     m_cmdExport->setToolTip(QStringLiteral("Export To EXCEL"));
-    m_cmdCancel = button("cmdCancel", QStringLiteral("&Cancel"));
-    m_cmdExit = button("cmdExit", QStringLiteral("E&xit"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
 
     auto *selection = new QFormLayout;
     selection->addRow(QStringLiteral("Teacher Name :"), m_cboTeacher);
@@ -77,26 +76,19 @@ void frmrptTeacherTT::buildLayout()
 
 void frmrptTeacherTT::loadTeachers()
 {
-    try {
-        for (const TeacherTimeTable::Choice &teacher : TeacherTimeTable::teachers(m_ctx.db()))
-            m_cboTeacher->addItem(teacher.name, teacher.code);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [this] { CodeCombo::fill(m_cboTeacher, TeacherTimeTable::teachers(m_ctx.db()), false); });
 }
 
 // Rebuilds the empty week and fills it for the chosen teacher; Export needs at least one period to show.
 void frmrptTeacherTT::showTeacher()
 {
     int placed = 0;
-    try {
+    Screen::guarded(m_ctx, [&] {
         ReportGrid grid = TeacherTimeTable::frame(m_ctx.db(), m_ctx.session.calendar);
         if (!m_cboTeacher->currentText().trimmed().isEmpty())
             placed = TeacherTimeTable::fill(m_ctx.db(), m_cboTeacher->currentData().toInt(), grid);
         m_model->setGrid(grid);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
     const int codeColumn = m_model->columnCount() - 1;
     for (int column = 0; column < m_model->columnCount(); ++column)
         m_msgTeacher->setColumnHidden(column, column == codeColumn);
@@ -124,7 +116,7 @@ void frmrptTeacherTT::print()
         return;
     }
     const ReportGrid &grid = m_model->grid();
-    try {
+    Screen::guarded(m_ctx, [&] {
         QString error;
         const QStringList lines = GridTextFile::weekLines(LoadSchoolHeading(m_ctx.db()), TeacherTimeTable::title(),
                                                           m_cboTeacher->currentText(), grid,
@@ -135,9 +127,7 @@ void frmrptTeacherTT::print()
         }
         ReportOutput::show(GridTextFile::write(m_ctx.dataFolder, m_cboTeacher->currentText(), lines),
                            ReportOutput::Kind::TextFile, m_launcher, *m_ctx.messages);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    });
 }
 
 void frmrptTeacherTT::exportSheet()

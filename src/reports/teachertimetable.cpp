@@ -5,13 +5,13 @@
 
 namespace TeacherTimeTable {
 
-QList<Choice> teachers(const QSqlDatabase &db)
+QList<CodeName> teachers(const QSqlDatabase &db)
 {
-    QList<Choice> list{{0, QStringLiteral(" ")}};
+    QList<CodeName> list{{0, QStringLiteral(" ")}};
     QSqlQuery query = Sql(db).run(QStringLiteral(
         "SELECT TeacherCode, TeacherName FROM TeacherMaster WHERE TeacherCode > 0 ORDER BY TeacherName"));
     while (query.next())
-        list << Choice{query.value(0).toInt(), query.value(1).toString()};
+        list << CodeName{query.value(0).toInt(), query.value(1).toString()};
     return list;
 }
 

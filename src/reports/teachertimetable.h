@@ -1,4 +1,5 @@
 #pragma once
+#include "codename.h"
 #include "reportgrid.h"
 #include "schoolcalendar.h"
 
@@ -10,12 +11,6 @@
 // and the texts of its file and sheet.
 namespace TeacherTimeTable {
 
-struct Choice
-{
-    int code = 0;
-    QString name;
-};
-
 inline QString title() { return QStringLiteral("TEACHER TIME TABLE"); }
 inline QString subtitle(const QString &teacherName)
 {
@@ -23,7 +18,7 @@ inline QString subtitle(const QString &teacherName)
 }
 
 // A blank entry with code 0, then the teachers with a code above 0, by name.
-QList<Choice> teachers(const QSqlDatabase &db);
+QList<CodeName> teachers(const QSqlDatabase &db);
 
 // The empty week: row 0 the headings ("Day", the period names, "DayCode"), then one row per working day
 // with its name; column 1 + PeriodsPerDay keeps the row's DayCode and is not shown. A day without a

@@ -4,9 +4,9 @@
 #include "sql.h"
 #include "transaction.h"
 
-QList<StateEntry> CityService::states() const
+QList<CodeName> CityService::states() const
 {
-    QList<StateEntry> entries{{0, QString()}};
+    QList<CodeName> entries{{0, QString()}};
     QSqlQuery query = Sql(m_db).run(
         QStringLiteral("SELECT StateCode, StateName FROM StateMaster WHERE StateCode > 0 ORDER BY StateName"));
     while (query.next())

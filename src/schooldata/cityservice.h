@@ -1,4 +1,5 @@
 #pragma once
+#include "codename.h"
 #include "masterrecord.h"
 
 #include <QList>
@@ -14,13 +15,6 @@ struct CityRow
     QString cityName;
 };
 
-// An entry of the state list: the code travels as the item's data.
-struct StateEntry
-{
-    int code = 0;
-    QString name;
-};
-
 // The rules of the city master: a city belongs to a state, its name is unique only inside that state, and
 // a city already in use keeps its state. Store failures throw StoreError.
 class CityService
@@ -29,7 +23,7 @@ public:
     explicit CityService(const QSqlDatabase &db) : m_db(db) {}
 
     // The blank entry (code 0), then every state by name.
-    QList<StateEntry> states() const;
+    QList<CodeName> states() const;
     // Cities whose name holds `text`, of the state `stateCode` when it is above 0; by state, then city.
     QList<CityRow> search(const QString &text, int stateCode) const;
     std::optional<CityRow> city(int code) const;

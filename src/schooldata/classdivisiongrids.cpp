@@ -115,7 +115,7 @@ void ClassDivisionGrids::showDivisions()
 {
     const int row = classRow();
     const bool valid = row >= 0 && row < m_rows.size();
-    const QList<DivisionRow> divisions = valid ? m_rows.at(row).divisions : QList<DivisionRow>();
+    const QList<CodeName> divisions = valid ? m_rows.at(row).divisions : QList<CodeName>();
     m_lblClassName->setText(valid ? m_rows.at(row).name.trimmed() : QString());
     {
         const QScopedValueRollback<bool> showing(m_showing, true);

@@ -22,7 +22,7 @@ void settleDivisions(ClassRow &row)
 
     auto used = [&row](const QString &name) {
         return std::any_of(row.divisions.cbegin(), row.divisions.cend(),
-                           [&name](const DivisionRow &d) { return nameKey(d.name) == name; });
+                           [&name](const CodeName &d) { return nameKey(d.name) == name; });
     };
     int position = row.divisions.size();
     while (row.divisions.size() < wanted) {
@@ -33,9 +33,9 @@ void settleDivisions(ClassRow &row)
             name = seriesName(++position);
         while (used(name));
         int highest = 0;
-        for (const DivisionRow &d : std::as_const(row.divisions))
+        for (const CodeName &d : std::as_const(row.divisions))
             highest = std::max(highest, d.code);
-        row.divisions.append({name, highest + 1});
+        row.divisions.append({highest + 1, name});
     }
 }
 

@@ -1,14 +1,9 @@
 #pragma once
+#include "codename.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
-
-// One division of a class as the class screen holds it.
-struct DivisionRow
-{
-    QString name;
-    int code = 0; // DivisionCode, unique inside its class only
-};
 
 // One row of the class grid. The counts are kept as typed, because a blank cell and a 0 are refused with
 // different words.
@@ -18,7 +13,8 @@ struct ClassRow
     QString name;         // ClassName
     QString divisionText; // NoOfDivisions
     QString orderText;    // ClassOrder, the Priority Number
-    QList<DivisionRow> divisions;
+    // DivisionCode, unique inside its class only, and DivisionName
+    QList<CodeName> divisions;
 
     bool isNamed() const { return !name.trimmed().isEmpty(); }
     bool isBlank() const { return !isNamed() && divisionText.isEmpty() && orderText.isEmpty(); }

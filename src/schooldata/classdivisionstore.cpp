@@ -21,7 +21,7 @@ QSet<QPair<int, int>> divisionPairs(const QList<ClassRow> &rows)
 {
     QSet<QPair<int, int>> pairs;
     for (const ClassRow &row : rows) {
-        for (const DivisionRow &division : row.divisions)
+        for (const CodeName &division : row.divisions)
             pairs.insert({row.code, division.code});
     }
     return pairs;
@@ -52,7 +52,7 @@ QList<ClassRow> ClassDivisionStore::load() const
                                                      "WHERE ClassCode = ? ORDER BY DivisionCode"),
                                       {row.code});
         while (divisions.next())
-            row.divisions.append({divisions.value(0).toString(), divisions.value(1).toInt()});
+            row.divisions.append({divisions.value(1).toInt(), divisions.value(0).toString()});
     }
     return rows;
 }
@@ -67,7 +67,7 @@ void ClassDivisionStore::saveNew(const QList<ClassRow> &rows) const
     Transaction transaction(m_db);
     for (const ClassRow &row : namedRows(rows)) {
         insertClass(row);
-        for (const DivisionRow &division : row.divisions)
+        for (const CodeName &division : row.divisions)
             insertDivision(row.code, division);
     }
     transaction.commit();
@@ -143,14 +143,14 @@ void ClassDivisionStore::writeClass(const ClassRow &row) const
     const Sql sql(m_db);
     if (!sql.exists(QStringLiteral("SELECT 1 FROM ClassDivisionMaster WHERE ClassCode = ?"), {row.code})) {
         insertClass(row);
-        for (const DivisionRow &division : row.divisions)
+        for (const CodeName &division : row.divisions)
             insertDivision(row.code, division);
         return;
     }
     sql.run(QStringLiteral("UPDATE ClassDivisionMaster SET ClassName = ?, NoOfDivisions = ?, ClassOrder = ? "
                            "WHERE ClassCode = ?"),
             {row.name.trimmed(), row.divisions.size(), row.order(), row.code});
-    for (const DivisionRow &division : row.divisions) {
+    for (const CodeName &division : row.divisions) {
         const QVariantList pair{row.code, division.code};
         if (sql.exists(QStringLiteral("SELECT 1 FROM ClassDivisionDetails WHERE ClassCode = ? AND DivisionCode = ?"),
                        pair)) {
@@ -193,7 +193,7 @@ void ClassDivisionStore::insertMissing(const QList<ClassRow> &rows) const
     for (const ClassRow &row : rows) {
         if (!sql.exists(QStringLiteral("SELECT 1 FROM ClassDivisionMaster WHERE ClassCode = ?"), {row.code}))
             insertClass(row);
-        for (const DivisionRow &division : row.divisions) {
+        for (const CodeName &division : row.divisions) {
             if (!sql.exists(QStringLiteral("SELECT 1 FROM ClassDivisionDetails WHERE ClassCode = ? AND DivisionCode = ?"),
                             {row.code, division.code}))
                 insertDivision(row.code, division);
@@ -207,7 +207,7 @@ void ClassDivisionStore::insertClass(const ClassRow &row) const
                   {row.code, row.name.trimmed(), row.divisions.size(), row.order()});
 }
 
-void ClassDivisionStore::insertDivision(int classCode, const DivisionRow &division) const
+void ClassDivisionStore::insertDivision(int classCode, const CodeName &division) const
 {
     Sql(m_db).run(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (?, ?, ?)"),
                   {classCode, division.name.trimmed(), division.code});

@@ -31,7 +31,7 @@ private:
     QString removeUnusedClasses(const QList<ClassRow> &rows) const;
     void insertMissing(const QList<ClassRow> &rows) const;
     void insertClass(const ClassRow &row) const;
-    void insertDivision(int classCode, const DivisionRow &division) const;
+    void insertDivision(int classCode, const CodeName &division) const;
     int uses(const QStringList &tables, const QString &where, const QVariantList &values) const;
 
     QSqlDatabase m_db;

@@ -1,7 +1,7 @@
 #include "frmcitymaster.h"
+#include "codecombo.h"
 #include "messageservice.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -54,12 +54,7 @@ CityService frmCityMaster::service() const
 
 int frmCityMaster::chosenState() const
 {
-    return m_dbcStateName->currentData().toInt();
-}
-
-void frmCityMaster::chooseState(int stateCode)
-{
-    m_dbcStateName->setCurrentIndex(qMax(0, m_dbcStateName->findData(stateCode)));
+    return CodeCombo::code(m_dbcStateName);
 }
 
 QList<QStringList> frmCityMaster::findRows(const QString &text) const
@@ -80,7 +75,7 @@ void frmCityMaster::showRecord(int code)
     const std::optional<CityRow> city = service().city(code);
     if (!city)
         return;
-    chooseState(city->stateCode);
+    CodeCombo::select(m_dbcStateName, city->stateCode);
     m_txtCityName->setText(city->cityName);
 }
 
@@ -115,11 +110,7 @@ QWidget *frmCityMaster::firstField() const
 
 void frmCityMaster::reloadLists()
 {
-    const int kept = chosenState();
-    m_dbcStateName->clear();
-    for (const StateEntry &state : service().states())
-        m_dbcStateName->addItem(state.name, state.code);
-    chooseState(kept);
+    CodeCombo::fill(m_dbcStateName, service().states(), false, chosenState());
     m_dbcStateName->setEnabled(true);
     m_cmdAddStateName->setEnabled(true);
 }
@@ -156,12 +147,7 @@ void frmCityMaster::addState()
 
 bool frmCityMaster::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_dbcStateName && event->type() == QEvent::FocusIn) {
-        try {
-            reloadLists();
-        } catch (const StoreError &error) {
-            showError(error.text());
-        }
-    }
+    if (watched == m_dbcStateName && event->type() == QEvent::FocusIn)
+        Screen::guarded(m_ctx, [this] { reloadLists(); });
     return MasterScreen::eventFilter(watched, event);
 }

@@ -28,7 +28,6 @@ protected:
 private:
     CityService service() const;
     int chosenState() const;
-    void chooseState(int stateCode);
     void addState();
 
     QComboBox *m_dbcStateName = nullptr;

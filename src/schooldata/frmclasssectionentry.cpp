@@ -4,7 +4,6 @@
 #include "messageservice.h"
 #include "privileges.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -73,16 +72,11 @@ void frmClassSectionEntry::buildLayout()
     divisionLayout->addWidget(m_grids->divisionGrid(), 1, 0, 1, 2);
     divisionLayout->setColumnStretch(1, 1);
 
-    auto button = [this](const QString &name, const QString &caption) {
-        auto *cmd = new QPushButton(caption, this);
-        cmd->setObjectName(name);
-        return cmd;
-    };
-    m_cmdNew = button(QStringLiteral("cmdNew"), QStringLiteral("&New"));
-    m_cmdEdit = button(QStringLiteral("cmdEdit"), QStringLiteral("&Edit"));
-    m_cmdSave = button(QStringLiteral("cmdSave"), QStringLiteral("&Save"));
-    m_cmdCancel = button(QStringLiteral("cmdCancel"), QStringLiteral("&Cancel"));
-    m_cmdExit = button(QStringLiteral("cmdExit"), QStringLiteral("E&xit"));
+    m_cmdNew = Screen::button(this, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     for (QPushButton *cmd : {m_cmdNew, m_cmdEdit, m_cmdSave, m_cmdCancel, m_cmdExit})
@@ -101,16 +95,13 @@ void frmClassSectionEntry::buildLayout()
 
 bool frmClassSectionEntry::load()
 {
-    bool loaded = true;
-    try {
+    const bool loaded = Screen::guarded(m_ctx, [this] {
         const ClassDivisionStore store(m_ctx.db());
         m_grids->rows() = store.load();
         m_storedMax = store.highestClassCode();
-    } catch (const StoreError &error) {
+    });
+    if (!loaded)
         m_grids->rows().clear();
-        m_ctx.messages->critical(error.text());
-        loaded = false;
-    }
     m_grids->showClasses();
     m_grids->classGrid()->setCurrentCell(m_grids->rows().isEmpty() ? -1 : 0, NameColumn);
     m_grids->showDivisions();
@@ -151,7 +142,8 @@ void frmClassSectionEntry::save()
         m_grids->settle(row);
     if (const ClassRefusal refusal = validate(rows, m_keptNames); refusal.refused())
         return refuse(refusal);
-    try {
+    bool saved = false;
+    Screen::guarded(m_ctx, [&] {
         const ClassDivisionStore store(m_ctx.db());
         if (m_mode == Mode::New) {
             store.saveNew(rows);
@@ -165,11 +157,10 @@ void frmClassSectionEntry::save()
         }
         if (store.rearrangeClassOrder())
             m_ctx.messages->information(QStringLiteral("Re-Arrange Class Order"));
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-        return;
-    }
-    cancel();
+        saved = true;
+    });
+    if (saved)
+        cancel();
 }
 
 void frmClassSectionEntry::cancel()

@@ -4,7 +4,6 @@
 #include "privileges.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -46,15 +45,10 @@ frmClasswiseWorkingDaysSetup::frmClasswiseWorkingDaysSetup(AppContext &ctx, QWid
     m_txtWorkingDays->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Screen::DigitsOnly(m_txtWorkingDays, 2);
 
-    const auto button = [this](const QString &caption, const char *name) {
-        auto *push = new QPushButton(caption, this);
-        push->setObjectName(QString::fromLatin1(name));
-        return push;
-    };
-    m_cmdEdit = button(QStringLiteral("&Edit"), "cmdEdit");
-    m_cmdSave = button(QStringLiteral("&Save"), "cmdSave");
-    m_cmdCancel = button(QStringLiteral("&Cancel"), "cmdCancel");
-    m_cmdExit = button(QStringLiteral("E&xit"), "cmdExit");
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     for (QPushButton *push : {m_cmdEdit, m_cmdSave, m_cmdCancel, m_cmdExit})
@@ -87,13 +81,11 @@ int frmClasswiseWorkingDaysSetup::schoolDays() const
 
 void frmClasswiseWorkingDaysSetup::load()
 {
-    try {
-        m_classwise.rebuildIfClassesChanged(schoolDays());
-        m_rows = m_classwise.rows(schoolDays());
-    } catch (const StoreError &error) {
+    if (!Screen::guarded(m_ctx, [this] {
+            m_classwise.rebuildIfClassesChanged(schoolDays());
+            m_rows = m_classwise.rows(schoolDays());
+        }))
         m_rows.clear();
-        m_ctx.messages->critical(error.text());
-    }
     fillGrid();
 }
 
@@ -155,12 +147,8 @@ void frmClasswiseWorkingDaysSetup::save()
         m_ctx.messages->information(ClasswiseWorkingDays::missingText());
         return editRow(missing);
     }
-    try {
-        m_classwise.save(m_rows);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    if (!Screen::guarded(m_ctx, [this] { m_classwise.save(m_rows); }))
         return;
-    }
     m_ctx.messages->information(m_editing ? Texts::recordUpdated() : Texts::recordSaved());
     cancel();
 }

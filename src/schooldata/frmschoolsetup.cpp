@@ -5,7 +5,6 @@
 #include "schoolsetupframe.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -13,7 +12,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMdiSubWindow>
 #include <QPushButton>
 
 namespace {
@@ -22,17 +20,6 @@ const QString FormName = QStringLiteral("frmSchoolSetup");
 int valueOf(const QLineEdit *field)
 {
     return field->text().trimmed().toInt();
-}
-
-// Runs one step that reads or writes the store; a failure is shown and the screen stays as it is.
-template<typename Step>
-void guarded(AppContext &ctx, Step step)
-{
-    try {
-        step();
-    } catch (const StoreError &error) {
-        ctx.messages->critical(error.text());
-    }
 }
 
 // A leave check runs once per change: Enter and the loss of focus that follows both report the end of an
@@ -62,7 +49,7 @@ frmSchoolSetup::frmSchoolSetup(AppContext &ctx, QWidget *parent)
     connect(m_fraMain->cmdPeriodDetails(), &QPushButton::clicked, this, [this] { openPeriodDetails(0); });
     connect(m_fraPeriodDetails, &PeriodDetailsPanel::closed, this, [this] { setPeriodDetailsOpen(false); });
     connect(m_fraMain->dbcStateName(), &QComboBox::currentIndexChanged, this, [this] {
-        guarded(m_ctx, [this] { m_fraMain->fillCities(m_fraMain->dbcStateName()->currentData().toInt()); });
+        Screen::guarded(m_ctx, [this] { m_fraMain->fillCities(m_fraMain->dbcStateName()->currentData().toInt()); });
     });
     // The masters open beside this screen; what they add shows up when the office comes back here.
     connect(m_fraMain->cmdAddState(), &QPushButton::clicked, this, [this] {
@@ -76,6 +63,7 @@ frmSchoolSetup::frmSchoolSetup(AppContext &ctx, QWidget *parent)
 
     cancel();
     Screen::applyConventions(this, ctx, 6);
+    Screen::onComeForward(this, [this] { refreshLists(); });
 }
 
 frmSchoolSetup::~frmSchoolSetup()
@@ -92,16 +80,11 @@ void frmSchoolSetup::buildLayout()
     m_fraPeriodDetails->hide();
 
     m_buttonRow = new QWidget(this);
-    const auto button = [this](const QString &caption, const char *name) {
-        auto *push = new QPushButton(caption, m_buttonRow);
-        push->setObjectName(QString::fromLatin1(name));
-        return push;
-    };
-    m_cmdNew = button(QStringLiteral("&New"), "cmdNew");
-    m_cmdEdit = button(QStringLiteral("&Edit"), "cmdEdit");
-    m_cmdSave = button(QStringLiteral("&Save"), "cmdSave");
-    m_cmdCancel = button(QStringLiteral("&Cancel"), "cmdCancel");
-    m_cmdExit = button(QStringLiteral("E&xit"), "cmdExit");
+    m_cmdNew = Screen::button(m_buttonRow, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(m_buttonRow, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdSave = Screen::button(m_buttonRow, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(m_buttonRow, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(m_buttonRow, "cmdExit", QStringLiteral("E&xit"));
     auto *buttons = new QHBoxLayout(m_buttonRow);
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->addStretch();
@@ -124,29 +107,12 @@ void frmSchoolSetup::connectChecks()
     connect(m_fraMain->txtPeriodsInMorningSession(), &QLineEdit::textEdited, this, &frmSchoolSetup::morningTyped);
 }
 
-bool frmSchoolSetup::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowActivate)
-        refreshLists();
-    return QWidget::event(event);
-}
-
-void frmSchoolSetup::showEvent(QShowEvent *event)
-{
-    // Inside the main window the screen's own window is its MDI frame: coming back to it is its activation.
-    if (auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget()); frame && !m_activationHooked) {
-        m_activationHooked = true;
-        connect(frame, &QMdiSubWindow::aboutToActivate, this, &frmSchoolSetup::refreshLists);
-    }
-    QWidget::showEvent(event);
-}
-
 void frmSchoolSetup::closeEvent(QCloseEvent *event)
 {
     // The frame's close button keeps the Exit rule: leaving with no school set up means quitting.
     bool schoolExists = true;
     if (!property("ttExitConfirmed").toBool())
-        guarded(m_ctx, [this, &schoolExists] { schoolExists = m_service.exists(); });
+        Screen::guarded(m_ctx, [this, &schoolExists] { schoolExists = m_service.exists(); });
     if (schoolExists) {
         event->accept();
         return;
@@ -161,7 +127,7 @@ void frmSchoolSetup::closeEvent(QCloseEvent *event)
 
 void frmSchoolSetup::refreshLists()
 {
-    guarded(m_ctx, [this] { m_fraMain->refreshLists(); });
+    Screen::guarded(m_ctx, [this] { m_fraMain->refreshLists(); });
 }
 
 void frmSchoolSetup::cancel()
@@ -171,7 +137,7 @@ void frmSchoolSetup::cancel()
     Screen::ClearControls(this);
     m_editing = false;
     m_saved.reset();
-    guarded(m_ctx, [this] {
+    Screen::guarded(m_ctx, [this] {
         m_fraMain->refreshLists();
         m_saved = m_service.load();
         if (m_saved)
@@ -193,7 +159,7 @@ void frmSchoolSetup::newEntry()
         return;
     m_editing = false;
     Screen::EntryButtons{m_fraMain, m_cmdNew, m_cmdEdit, nullptr, m_cmdSave}.setState(Screen::EntryState::New);
-    guarded(m_ctx, [this] {
+    Screen::guarded(m_ctx, [this] {
         // Monday starts the week unless timetable rows already count their days from another first day.
         const bool locked = m_service.firstDayLocked();
         m_fraMain->selectFirstDay(locked ? m_service.currentFirstDay() : 1);
@@ -208,7 +174,7 @@ void frmSchoolSetup::edit()
         return;
     m_editing = true;
     Screen::EntryButtons{m_fraMain, m_cmdNew, m_cmdEdit, nullptr, m_cmdSave}.setState(Screen::EntryState::Edit);
-    guarded(m_ctx, [this] { m_fraMain->cboFirstDayOfTheWeek()->setEnabled(!m_service.firstDayLocked()); });
+    Screen::guarded(m_ctx, [this] { m_fraMain->cboFirstDayOfTheWeek()->setEnabled(!m_service.firstDayLocked()); });
     m_fraMain->txtSchoolName()->setFocus();
 }
 
@@ -216,7 +182,8 @@ void frmSchoolSetup::save()
 {
     const SchoolSetupRecord record = m_fraMain->record();
     QList<PeriodRow> periods = m_fraPeriodDetails->periods();
-    try {
+    bool saved = false;
+    Screen::guarded(m_ctx, [&] {
         const SetupCheck check =
             m_service.validate(record, periods, m_editing ? m_saved : std::nullopt, *m_ctx.messages);
         if (periods.size() != m_fraPeriodDetails->periods().size())
@@ -224,10 +191,10 @@ void frmSchoolSetup::save()
         if (!check.passed())
             return applyRefusal(check);
         m_service.save(record, periods, check.deleteSubstitutes);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+        saved = true;
+    });
+    if (!saved)
         return;
-    }
     m_ctx.messages->information(m_editing ? Texts::recordUpdated() : Texts::recordSaved());
     cancel();
 }
@@ -235,7 +202,7 @@ void frmSchoolSetup::save()
 void frmSchoolSetup::exit()
 {
     bool schoolExists = true;
-    guarded(m_ctx, [this, &schoolExists] { schoolExists = m_service.exists(); });
+    Screen::guarded(m_ctx, [this, &schoolExists] { schoolExists = m_service.exists(); });
     if (schoolExists) {
         if (Screen::ConfirmExit(m_ctx, windowTitle()))
             Screen::closeScreen(this);
@@ -301,7 +268,7 @@ void frmSchoolSetup::daysLeft()
     const int days = valueOf(field);
     if (!takeChange(field) || !m_editing || !m_saved || days <= 0 || days >= m_saved->noOfWorkingDays)
         return;
-    guarded(m_ctx, [&] {
+    Screen::guarded(m_ctx, [&] {
         if (const QString refusal = m_service.dayReductionRefusal(days); !refusal.isEmpty()) {
             m_ctx.messages->information(refusal);
             restoreSaved(field, m_saved->noOfWorkingDays);
@@ -315,7 +282,7 @@ void frmSchoolSetup::periodsLeft()
     const int periods = valueOf(field);
     if (!takeChange(field) || periods <= 0)
         return;
-    guarded(m_ctx, [&] {
+    Screen::guarded(m_ctx, [&] {
         if (const QString refusal = m_service.periodReductionRefusal(periods); !refusal.isEmpty()) {
             m_ctx.messages->information(refusal);
             restoreSaved(field, savedValueOf(SetupField::PeriodsPerDay));
@@ -331,7 +298,7 @@ void frmSchoolSetup::lastDayLeft()
         return;
     const int days = valueOf(m_fraMain->txtNoOfWorkingDays());
     const int periodsPerDay = valueOf(m_fraMain->txtPeriodsPerDay());
-    guarded(m_ctx, [&] {
+    Screen::guarded(m_ctx, [&] {
         if (const QString refusal = m_service.lastDayReductionRefusal(days, lastDay); !refusal.isEmpty()) {
             m_ctx.messages->information(refusal);
             restoreSaved(field, savedValueOf(SetupField::PeriodsOnLastWorkingDay));
@@ -346,7 +313,7 @@ void frmSchoolSetup::morningTyped()
 {
     QLineEdit *field = m_fraMain->txtPeriodsInMorningSession();
     const int morning = valueOf(field);
-    guarded(m_ctx, [&] {
+    Screen::guarded(m_ctx, [&] {
         // A generated timetable spread each teacher's free periods over the sessions as they stood.
         if (m_editing && m_saved && morning != m_saved->periodsInMorningSession && m_service.autoGenerated()) {
             restoreSaved(field, m_saved->periodsInMorningSession);

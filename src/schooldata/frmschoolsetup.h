@@ -24,8 +24,6 @@ signals:
     void programEndRequested();
 
 protected:
-    bool event(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -55,7 +53,6 @@ private:
     AppContext &m_ctx;
     SchoolSetupService m_service;
     bool m_editing = false;
-    bool m_activationHooked = false;
     std::optional<SchoolSetupRecord> m_saved;
 
     SchoolSetupFrame *m_fraMain = nullptr;

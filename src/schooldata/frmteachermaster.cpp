@@ -3,12 +3,9 @@
 #include "messageservice.h"
 #include "privileges.h"
 #include "session.h"
-#include "storeerror.h"
 #include "teacherdetailsframe.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -35,6 +32,7 @@ frmTeacherMaster::frmTeacherMaster(AppContext &ctx, QWidget *parent)
     refreshLists();
     setState(Screen::EntryState::Idle);
     Screen::applyConventions(this, ctx, HelpScreenNo);
+    Screen::onComeForward(this, [this] { refreshLists(); });
 }
 
 void frmTeacherMaster::buildButtons()
@@ -70,34 +68,9 @@ void frmTeacherMaster::buildButtons()
     layout->addLayout(row);
 }
 
-bool frmTeacherMaster::event(QEvent *event)
-{
-    // Back from another window, perhaps from a master opened with an add button.
-    if (event->type() == QEvent::WindowActivate)
-        refreshLists();
-    return QWidget::event(event);
-}
-
-void frmTeacherMaster::showEvent(QShowEvent *event)
-{
-    // Inside the main window the screen sits in a child window: going back to it from another child window
-    // sends no WindowActivate, only this signal.
-    if (auto *window = qobject_cast<QMdiSubWindow *>(parentWidget()))
-        connect(window, &QMdiSubWindow::aboutToActivate, this, &frmTeacherMaster::refreshLists, Qt::UniqueConnection);
-    QWidget::showEvent(event);
-}
-
 void frmTeacherMaster::refreshLists()
 {
-    try {
-        m_fraMain->refreshLists();
-        m_refreshFailed = false;
-    } catch (const StoreError &error) {
-        // Said once: closing the box activates the screen again, which would refresh and fail again.
-        if (!m_refreshFailed)
-            m_ctx.messages->critical(error.text());
-        m_refreshFailed = true;
-    }
+    Screen::guardedOnce(m_ctx, m_refreshFailed, [this] { m_fraMain->refreshLists(); });
 }
 
 void frmTeacherMaster::setState(Screen::EntryState state)
@@ -115,21 +88,22 @@ void frmTeacherMaster::clearEntry()
 
 bool frmTeacherMaster::showTeacher(int code)
 {
-    try {
+    bool shown = false;
+    Screen::guarded(m_ctx, [&] {
         const std::optional<Teacher> teacher = m_service.load(code);
         if (!teacher) {
             m_ctx.messages->information(QStringLiteral("Record Has Been Deleted In Master Screen"));
-            return false;
+            return;
         }
         const int allotted = m_service.allottedPeriods(code);
         clearEntry();
         m_fraMain->display(*teacher);
         m_loaded = *teacher;
         m_allottedPeriods = allotted;
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+        shown = true;
+    });
+    if (!shown)
         return false;
-    }
     setState(Screen::EntryState::Chosen);
     m_cmdEdit->setFocus();
     return true;
@@ -158,7 +132,8 @@ void frmTeacherMaster::save()
     const Teacher teacher = m_fraMain->entered(m_loaded);
     const TeacherSaveContext context{m_editing, m_ctx.session.calendar.periodsPerWeek, m_allottedPeriods,
                                      QDate::currentDate()};
-    try {
+    bool saved = false;
+    Screen::guarded(m_ctx, [&] {
         if (const std::optional<TeacherRefusal> refusal = m_service.validate(teacher, context)) {
             m_ctx.messages->information(refusal->text);
             if (refusal->field == TeacherRefusal::Field::NoOfPeriods && teacher.noOfPeriods > 0)
@@ -169,10 +144,10 @@ void frmTeacherMaster::save()
             return;
         }
         m_service.save(teacher, m_editing);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+        saved = true;
+    });
+    if (!saved)
         return;
-    }
     m_ctx.messages->information(m_editing ? Texts::recordUpdated() : Texts::recordSaved());
     cancel();
 }
@@ -181,7 +156,8 @@ void frmTeacherMaster::deleteTeacher()
 {
     if (m_loaded.code <= 0 || !AllowedOrSay(m_ctx, FormName, Privileges::Delete))
         return;
-    try {
+    bool removed = false;
+    Screen::guarded(m_ctx, [&] {
         const QString refusal = m_service.deleteRefusal(m_loaded.code);
         if (!refusal.isEmpty()) {
             m_ctx.messages->information(refusal);
@@ -190,10 +166,10 @@ void frmTeacherMaster::deleteTeacher()
         if (!m_ctx.messages->question(QStringLiteral("Do You Want To Delete This Teacher ?")))
             return;
         m_service.remove(m_loaded.code);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+        removed = true;
+    });
+    if (!removed)
         return;
-    }
     m_ctx.messages->information(Texts::recordDeleted());
     cancel();
 }

@@ -23,10 +23,6 @@ public:
     // Reloads the lists, keeping what is chosen: the masters may have changed while this screen was away.
     void refreshLists();
 
-protected:
-    bool event(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
-
 private:
     void buildButtons();
     void setState(Screen::EntryState state);

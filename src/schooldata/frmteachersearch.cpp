@@ -1,9 +1,8 @@
 #include "frmteachersearch.h"
+#include "codecombo.h"
 #include "messageservice.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
-#include "teachercombos.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -111,22 +110,17 @@ void frmTeacherSearch::buildLayout()
 
 void frmTeacherSearch::loadStates()
 {
-    try {
-        const QSignalBlocker quiet(m_dbcStateName);
-        TeacherCombos::fill(m_dbcStateName, m_lists.states(), TeacherCombos::codeOf(m_dbcStateName));
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [this] {
+        CodeCombo::fill(m_dbcStateName, m_lists.states(), false, CodeCombo::code(m_dbcStateName));
+    });
     loadCities();
 }
 
 void frmTeacherSearch::loadCities()
 {
-    try {
-        TeacherCombos::fill(m_dbcCityName, m_lists.cities(TeacherCombos::codeOf(m_dbcStateName)), 0);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [this] {
+        CodeCombo::fill(m_dbcCityName, m_lists.cities(CodeCombo::code(m_dbcStateName)), false);
+    });
 }
 
 void frmTeacherSearch::search()
@@ -135,18 +129,14 @@ void frmTeacherSearch::search()
     criteria.name = m_txtTeacherName->text().trimmed();
     if (!m_txtPeriods->text().isEmpty())
         criteria.minPeriods = m_txtPeriods->text().toInt();
-    criteria.stateCode = TeacherCombos::codeOf(m_dbcStateName);
-    criteria.cityCode = TeacherCombos::codeOf(m_dbcCityName);
+    criteria.stateCode = CodeCombo::code(m_dbcStateName);
+    criteria.cityCode = CodeCombo::code(m_dbcCityName);
     if (criteria.isEmpty() && !m_ctx.messages->question(QStringLiteral("Do You Want To View All Teacher Details ?")))
         return;
 
     QList<TeacherSearch::Row> rows;
-    try {
-        rows = m_search.find(criteria);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    if (!Screen::guarded(m_ctx, [&] { rows = m_search.find(criteria); }))
         return;
-    }
     m_dgdDetails->setRowCount(0);
     m_dgdDetails->setRowCount(int(rows.size()));
     for (int r = 0; r < rows.size(); ++r) {
@@ -175,13 +165,11 @@ void frmTeacherSearch::choose(const QModelIndex &index)
     const int code = cell ? cell->text().toInt() : 0;
     if (code <= 0)
         return;
-    try {
-        if (!m_search.exists(code)) {
-            m_ctx.messages->information(QStringLiteral("Record Has Been Deleted In Master Screen"));
-            return;
-        }
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
+    bool exists = false;
+    if (!Screen::guarded(m_ctx, [&] { exists = m_search.exists(code); }))
+        return;
+    if (!exists) {
+        m_ctx.messages->information(QStringLiteral("Record Has Been Deleted In Master Screen"));
         return;
     }
     if (!m_ctx.messages->question(QStringLiteral("Do You Want To Edit/Delete ?")))
@@ -194,7 +182,7 @@ void frmTeacherSearch::cancel()
 {
     m_txtTeacherName->clear();
     m_txtPeriods->clear();
-    TeacherCombos::select(m_dbcStateName, 0);
+    CodeCombo::select(m_dbcStateName, 0);
     m_dgdDetails->setRowCount(0);
     m_txtTeacherName->setFocus();
 }

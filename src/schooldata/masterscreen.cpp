@@ -2,7 +2,6 @@
 #include "messageservice.h"
 #include "privileges.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -16,16 +15,6 @@
 #include <QVBoxLayout>
 
 using Screen::EntryState;
-
-namespace {
-QPushButton *makeButton(const QString &text, const QString &name, QWidget *parent)
-{
-    auto *button = new QPushButton(text, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
-}
-}
 
 MasterScreen::MasterScreen(AppContext &ctx, const Setup &setup, QWidget *parent)
     : QWidget(parent), m_ctx(ctx), m_setup(setup)
@@ -50,12 +39,12 @@ void MasterScreen::buildLayout()
     m_frame->setObjectName(QStringLiteral("Frame1"));
     m_fields = new QFormLayout(m_frame);
 
-    m_cmdNew = makeButton(QStringLiteral("&New"), QStringLiteral("cmdNew"), this);
-    m_cmdEdit = makeButton(QStringLiteral("&Edit"), QStringLiteral("cmdEdit"), this);
-    m_cmdDelete = makeButton(QStringLiteral("&Delete"), QStringLiteral("cmdDelete"), this);
-    m_cmdSave = makeButton(QStringLiteral("&Save"), QStringLiteral("cmdSave"), this);
-    m_cmdCancel = makeButton(QStringLiteral("&Cancel"), QStringLiteral("cmdCancel"), this);
-    m_cmdExit = makeButton(QStringLiteral("E&xit"), QStringLiteral("cmdExit"), this);
+    m_cmdNew = Screen::button(this, "cmdNew", QStringLiteral("&New"));
+    m_cmdEdit = Screen::button(this, "cmdEdit", QStringLiteral("&Edit"));
+    m_cmdDelete = Screen::button(this, "cmdDelete", QStringLiteral("&Delete"));
+    m_cmdSave = Screen::button(this, "cmdSave", QStringLiteral("&Save"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
     auto *buttons = new QHBoxLayout;
     for (QPushButton *button : {m_cmdNew, m_cmdEdit, m_cmdDelete, m_cmdSave, m_cmdCancel})
         buttons->addWidget(button);
@@ -105,11 +94,7 @@ void MasterScreen::finishSetup()
 void MasterScreen::refresh()
 {
     QList<QStringList> rows;
-    try {
-        rows = findRows(m_txtSearch->text());
-    } catch (const StoreError &error) {
-        showError(error.text());
-    }
+    Screen::guarded(m_ctx, [&] { rows = findRows(m_txtSearch->text()); });
     m_dgdDetails->clearContents();
     m_dgdDetails->setRowCount(int(rows.size()));
     for (int row = 0; row < rows.size(); ++row) {
@@ -126,11 +111,7 @@ void MasterScreen::cancel()
         Screen::ClearControls(this);
     }
     m_code = 0;
-    try {
-        reloadLists();
-    } catch (const StoreError &error) {
-        showError(error.text());
-    }
+    Screen::guarded(m_ctx, [this] { reloadLists(); });
     refresh();
     setState(EntryState::Idle);
 }
@@ -145,11 +126,6 @@ void MasterScreen::continueNew()
 {
     m_code = 0;
     setState(EntryState::New);
-}
-
-void MasterScreen::showError(const QString &text)
-{
-    m_ctx.messages->critical(text);
 }
 
 void MasterScreen::setState(EntryState state)
@@ -171,11 +147,7 @@ void MasterScreen::newRecord()
     m_code = 0;
     setState(EntryState::New);
     // A list may have grown on another screen since this one was last cleared.
-    try {
-        reloadLists();
-    } catch (const StoreError &error) {
-        showError(error.text());
-    }
+    Screen::guarded(m_ctx, [this] { reloadLists(); });
 }
 
 void MasterScreen::editRecord()
@@ -183,11 +155,7 @@ void MasterScreen::editRecord()
     if (m_code <= 0 || !AllowedOrSay(m_ctx, m_setup.formName, Privileges::Edit))
         return;
     setState(EntryState::Edit);
-    try {
-        editStarted();
-    } catch (const StoreError &error) {
-        showError(error.text());
-    }
+    Screen::guarded(m_ctx, [this] { editStarted(); });
 }
 
 void MasterScreen::deleteRecord()
@@ -196,12 +164,8 @@ void MasterScreen::deleteRecord()
         return;
     if (!m_ctx.messages->question(m_setup.deleteQuestion))
         return;
-    try {
-        removeRecord(m_code);
-    } catch (const StoreError &error) {
-        showError(error.text());
+    if (!Screen::guarded(m_ctx, [this] { removeRecord(m_code); }))
         return;
-    }
     cancel();
     m_ctx.messages->information(Texts::recordDeleted());
 }
@@ -212,12 +176,8 @@ void MasterScreen::save()
         return;
     const bool wasNew = m_state == EntryState::New;
     SaveResult result;
-    try {
-        result = saveRecord(wasNew ? 0 : m_code);
-    } catch (const StoreError &error) {
-        showError(error.text());
+    if (!Screen::guarded(m_ctx, [&] { result = saveRecord(wasNew ? 0 : m_code); }))
         return;
-    }
     m_ctx.messages->information(result.message);
     if (!result.saved) {
         if (QWidget *field = fieldFor(result.field))
@@ -243,7 +203,8 @@ void MasterScreen::chooseRow(int row)
     const int code = codeCell ? codeCell->text().toInt() : 0;
     if (code <= 0)
         return;
-    try {
+    bool shown = false;
+    const bool ran = Screen::guarded(m_ctx, [&] {
         if (!recordExists(code)) {
             m_ctx.messages->information(m_setup.notFound);
             refresh();
@@ -252,10 +213,10 @@ void MasterScreen::chooseRow(int row)
         if (!m_ctx.messages->question(QStringLiteral("Do You Want To Edit/Delete ?")))
             return;
         showRecord(code);
-    } catch (const StoreError &error) {
-        showError(error.text());
+        shown = true;
+    });
+    if (!ran || !shown)
         return;
-    }
     m_code = code;
     setState(EntryState::Chosen);
 }

@@ -69,8 +69,6 @@ protected:
     void continueNew();
     // The code of the chosen record; 0 while none is chosen or a new one is entered.
     int currentCode() const { return m_code; }
-    // Shows a store error in a critical box.
-    void showError(const QString &text);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

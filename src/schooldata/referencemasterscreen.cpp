@@ -28,7 +28,7 @@ ReferenceMasterService ReferenceMasterScreen::service() const
 QList<QStringList> ReferenceMasterScreen::findRows(const QString &text) const
 {
     QList<QStringList> rows;
-    for (const ReferenceRow &row : service().search(text))
+    for (const CodeName &row : service().search(text))
         rows.append({row.name, QString::number(row.code)});
     return rows;
 }

@@ -39,12 +39,12 @@ QString ReferenceMasterService::table() const
     return Sql::identifier(m_kind.table);
 }
 
-QList<ReferenceRow> ReferenceMasterService::search(const QString &text) const
+QList<CodeName> ReferenceMasterService::search(const QString &text) const
 {
     QSqlQuery query = Sql(m_db).run(QStringLiteral("SELECT %1, %2 FROM %3 WHERE %1 > 0 ORDER BY %2")
                                          .arg(Sql::identifier(m_kind.codeColumn),
                                               Sql::identifier(m_kind.nameColumn), table()));
-    QList<ReferenceRow> rows;
+    QList<CodeName> rows;
     while (query.next()) {
         const QString name = query.value(1).toString();
         if (MasterRecords::matchesSearch(name, text))

@@ -1,4 +1,5 @@
 #pragma once
+#include "codename.h"
 #include "masterrecord.h"
 
 #include <QList>
@@ -27,12 +28,6 @@ struct ReferenceKind
     static const ReferenceKind &salutation();
 };
 
-struct ReferenceRow
-{
-    int code = 0;
-    QString name;
-};
-
 // Search, Save and Delete of one single-name reference master. Store failures throw StoreError.
 class ReferenceMasterService
 {
@@ -42,7 +37,7 @@ public:
         : m_db(db), m_kind(kind), m_makerCode(makerCode) {}
 
     // Rows with a code above 0 whose name holds `text`, by name.
-    QList<ReferenceRow> search(const QString &text) const;
+    QList<CodeName> search(const QString &text) const;
     // The stored name, or nothing when the row is gone.
     std::optional<QString> name(int code) const;
     // Checks and writes the name: a new row when `code` is 0, else an update of that row.

@@ -1,4 +1,5 @@
 #include "schoolsetupframe.h"
+#include "codecombo.h"
 #include "screen.h"
 
 #include <QComboBox>
@@ -14,11 +15,6 @@ Widget *named(Widget *widget, const char *name)
 {
     widget->setObjectName(QString::fromLatin1(name));
     return widget;
-}
-
-void selectCode(QComboBox *combo, int code)
-{
-    combo->setCurrentIndex(qMax(0, combo->findData(code)));
 }
 
 int valueOf(const QLineEdit *field)
@@ -118,29 +114,16 @@ void SchoolSetupFrame::buildLayout()
 
 void SchoolSetupFrame::refreshLists()
 {
-    const int state = m_dbcStateName->currentData().toInt();
-    const int city = m_dbcCityName->currentData().toInt();
-    {
-        const QSignalBlocker blocker(m_dbcStateName);
-        m_dbcStateName->clear();
-        for (const SchoolSetupService::Choice &choice : m_service.states())
-            m_dbcStateName->addItem(choice.name, choice.code);
-        selectCode(m_dbcStateName, state);
-    }
-    fillCities(m_dbcStateName->currentData().toInt(), city);
-    if (m_cboFirstDayOfTheWeek->count() == 0) {
-        m_cboFirstDayOfTheWeek->addItem(QString(), 0);
-        for (const SchoolSetupService::Choice &day : m_service.weekdays())
-            m_cboFirstDayOfTheWeek->addItem(day.name, day.code);
-    }
+    const int city = CodeCombo::code(m_dbcCityName);
+    CodeCombo::fill(m_dbcStateName, m_service.states(), false, CodeCombo::code(m_dbcStateName));
+    fillCities(CodeCombo::code(m_dbcStateName), city);
+    if (m_cboFirstDayOfTheWeek->count() == 0)
+        CodeCombo::fill(m_cboFirstDayOfTheWeek, m_service.weekdays(), true);
 }
 
 void SchoolSetupFrame::fillCities(int stateCode, int cityCode)
 {
-    m_dbcCityName->clear();
-    for (const SchoolSetupService::Choice &choice : m_service.cities(stateCode))
-        m_dbcCityName->addItem(choice.name, choice.code);
-    selectCode(m_dbcCityName, cityCode);
+    CodeCombo::fill(m_dbcCityName, m_service.cities(stateCode), false, cityCode);
 }
 
 void SchoolSetupFrame::showRecord(const SchoolSetupRecord &record)
@@ -150,7 +133,7 @@ void SchoolSetupFrame::showRecord(const SchoolSetupRecord &record)
     m_txtAddress2->setText(record.address2);
     {
         const QSignalBlocker blocker(m_dbcStateName);
-        selectCode(m_dbcStateName, record.stateCode);
+        CodeCombo::select(m_dbcStateName, record.stateCode);
     }
     fillCities(record.stateCode, record.cityCode);
     m_txtPincode->setText(record.pincode);
@@ -163,7 +146,7 @@ void SchoolSetupFrame::showRecord(const SchoolSetupRecord &record)
 
 void SchoolSetupFrame::selectFirstDay(int originalDayCode)
 {
-    selectCode(m_cboFirstDayOfTheWeek, originalDayCode);
+    CodeCombo::select(m_cboFirstDayOfTheWeek, originalDayCode);
 }
 
 SchoolSetupRecord SchoolSetupFrame::record() const

@@ -77,9 +77,9 @@ int SchoolSetupService::totalMinutes(const QList<PeriodRow> &periods)
     return total;
 }
 
-QList<SchoolSetupService::Choice> SchoolSetupService::states() const
+QList<CodeName> SchoolSetupService::states() const
 {
-    QList<Choice> list{{0, QString()}};
+    QList<CodeName> list{{0, QString()}};
     QSqlQuery query = Sql(m_db).run(
         QStringLiteral("SELECT StateCode, StateName FROM StateMaster WHERE StateCode > 0 ORDER BY StateName"));
     while (query.next())
@@ -87,9 +87,9 @@ QList<SchoolSetupService::Choice> SchoolSetupService::states() const
     return list;
 }
 
-QList<SchoolSetupService::Choice> SchoolSetupService::cities(int stateCode) const
+QList<CodeName> SchoolSetupService::cities(int stateCode) const
 {
-    QList<Choice> list{{0, QString()}};
+    QList<CodeName> list{{0, QString()}};
     QSqlQuery query = Sql(m_db).run(QStringLiteral("SELECT CityCode, CityName FROM CityMaster "
                                                    "WHERE CityCode > 0 AND StateCode = ? ORDER BY CityName"),
                                     {stateCode});
@@ -98,9 +98,9 @@ QList<SchoolSetupService::Choice> SchoolSetupService::cities(int stateCode) cons
     return list;
 }
 
-QList<SchoolSetupService::Choice> SchoolSetupService::weekdays() const
+QList<CodeName> SchoolSetupService::weekdays() const
 {
-    QList<Choice> list;
+    QList<CodeName> list;
     QSqlQuery query =
         Sql(m_db).run(QStringLiteral("SELECT OriginalDayCode, DayName FROM DayMaster ORDER BY OriginalDayCode"));
     while (query.next())

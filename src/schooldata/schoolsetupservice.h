@@ -1,4 +1,6 @@
 #pragma once
+#include "codename.h"
+
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
@@ -75,12 +77,6 @@ struct SetupCheck
 class SchoolSetupService
 {
 public:
-    struct Choice
-    {
-        int code = 0;
-        QString name;
-    };
-
     static constexpr int MaxMinutesPerDay = 1440;
 
     explicit SchoolSetupService(const QSqlDatabase &db) : m_db(db) {}
@@ -94,11 +90,11 @@ public:
     static int totalMinutes(const QList<PeriodRow> &periods);
 
     // A blank code-0 entry first, then the states by name.
-    QList<Choice> states() const;
+    QList<CodeName> states() const;
     // A blank code-0 entry first, then the cities of the state by name.
-    QList<Choice> cities(int stateCode) const;
+    QList<CodeName> cities(int stateCode) const;
     // Every weekday in table order, coded by OriginalDayCode (no blank entry).
-    QList<Choice> weekdays() const;
+    QList<CodeName> weekdays() const;
 
     // OriginalDayCode of the weekday that is DayCode 1 now.
     int currentFirstDay() const;

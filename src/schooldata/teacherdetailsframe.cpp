@@ -1,10 +1,9 @@
 #include "teacherdetailsframe.h"
+#include "codecombo.h"
 #include "messageservice.h"
 #include "optionaldateedit.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
-#include "teachercombos.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -14,7 +13,6 @@
 #include <QRadioButton>
 #include <QScopedValueRollback>
 
-using TeacherCombos::codeOf;
 
 namespace {
 
@@ -232,31 +230,30 @@ void TeacherDetailsFrame::buildPersonal(QGridLayout *grid)
 void TeacherDetailsFrame::refreshLists()
 {
     QScopedValueRollback<bool> showing(m_showing, true);
-    TeacherCombos::fill(m_dbcSalutationName, m_service.salutations(), codeOf(m_dbcSalutationName));
-    TeacherCombos::fill(m_dbcStateName, m_service.states(), codeOf(m_dbcStateName));
-    TeacherCombos::fill(m_dbcBloodGroup, m_service.bloodGroups(), codeOf(m_dbcBloodGroup));
-    TeacherCombos::fill(m_dbcCityName, m_service.cities(codeOf(m_dbcStateName)), codeOf(m_dbcCityName));
+    CodeCombo::fill(m_dbcSalutationName, m_service.salutations(), false, CodeCombo::code(m_dbcSalutationName));
+    CodeCombo::fill(m_dbcStateName, m_service.states(), false, CodeCombo::code(m_dbcStateName));
+    CodeCombo::fill(m_dbcBloodGroup, m_service.bloodGroups(), false, CodeCombo::code(m_dbcBloodGroup));
+    CodeCombo::fill(m_dbcCityName, m_service.cities(CodeCombo::code(m_dbcStateName)), false,
+                    CodeCombo::code(m_dbcCityName));
 }
 
 void TeacherDetailsFrame::loadCities(int keepCityCode)
 {
-    try {
-        TeacherCombos::fill(m_dbcCityName, m_service.cities(codeOf(m_dbcStateName)), keepCityCode);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [&] {
+        CodeCombo::fill(m_dbcCityName, m_service.cities(CodeCombo::code(m_dbcStateName)), false, keepCityCode);
+    });
 }
 
 void TeacherDetailsFrame::display(const Teacher &t)
 {
     QScopedValueRollback<bool> showing(m_showing, true);
-    TeacherCombos::select(m_dbcSalutationName, t.salutationCode);
+    CodeCombo::select(m_dbcSalutationName, t.salutationCode);
     m_txtTeacherName->setText(t.name);
     m_txtTeacherShortName->setText(t.shortName);
     m_txtFHName->setText(t.fhName);
     m_txtAddress1->setText(t.address1);
     m_txtAddress2->setText(t.address2);
-    TeacherCombos::select(m_dbcStateName, t.stateCode);
+    CodeCombo::select(m_dbcStateName, t.stateCode);
     loadCities(t.cityCode);
     m_txtPincode->setText(t.pincode);
     m_dtpDOB->setDate(t.dob);
@@ -266,7 +263,7 @@ void TeacherDetailsFrame::display(const Teacher &t)
     m_dtpWedding->setDate(t.weddingDate);
     m_dtpJoining->setDate(t.joiningDate);
     m_txtTelephone->setText(t.telephone);
-    TeacherCombos::select(m_dbcBloodGroup, t.bloodGroupCode);
+    CodeCombo::select(m_dbcBloodGroup, t.bloodGroupCode);
     m_txtQualification->setText(t.qualification);
     m_txtNoOfPeriods->setText(numberText(t.noOfPeriods));
     m_txtSeniorityNo->setText(numberText(t.seniorityNo));
@@ -275,14 +272,14 @@ void TeacherDetailsFrame::display(const Teacher &t)
 Teacher TeacherDetailsFrame::entered(const Teacher &base) const
 {
     Teacher t = base;
-    t.salutationCode = codeOf(m_dbcSalutationName);
+    t.salutationCode = CodeCombo::code(m_dbcSalutationName);
     t.name = m_txtTeacherName->text().trimmed();
     t.shortName = m_txtTeacherShortName->text().trimmed();
     t.fhName = m_txtFHName->text().trimmed();
     t.address1 = m_txtAddress1->text().trimmed();
     t.address2 = m_txtAddress2->text().trimmed();
-    t.stateCode = codeOf(m_dbcStateName);
-    t.cityCode = codeOf(m_dbcCityName);
+    t.stateCode = CodeCombo::code(m_dbcStateName);
+    t.cityCode = CodeCombo::code(m_dbcCityName);
     t.pincode = m_txtPincode->text().trimmed();
     t.dob = m_dtpDOB->date();
     t.maritalStatus = m_optMarried->isChecked() ? QStringLiteral("M")
@@ -291,7 +288,7 @@ Teacher TeacherDetailsFrame::entered(const Teacher &base) const
     t.weddingDate = m_dtpWedding->date();
     t.joiningDate = m_dtpJoining->date();
     t.telephone = m_txtTelephone->text().trimmed();
-    t.bloodGroupCode = codeOf(m_dbcBloodGroup);
+    t.bloodGroupCode = CodeCombo::code(m_dbcBloodGroup);
     t.qualification = m_txtQualification->text().trimmed();
     t.noOfPeriods = m_txtNoOfPeriods->text().toInt();
     t.seniorityNo = m_txtSeniorityNo->text().toInt();

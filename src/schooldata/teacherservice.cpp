@@ -57,27 +57,27 @@ QVariantList personalValues(const Teacher &t)
 
 }
 
-QList<TeacherListEntry> TeacherService::list(const QString &statement, const QVariantList &values) const
+QList<CodeName> TeacherService::list(const QString &statement, const QVariantList &values) const
 {
-    QList<TeacherListEntry> entries{{0, QString()}};
+    QList<CodeName> entries{{0, QString()}};
     QSqlQuery query = Sql(m_db).run(statement, values);
     while (query.next())
         entries.append({query.value(0).toInt(), query.value(1).toString()});
     return entries;
 }
 
-QList<TeacherListEntry> TeacherService::salutations() const
+QList<CodeName> TeacherService::salutations() const
 {
     return list(QStringLiteral("SELECT SalutationCode, SalutationName FROM SalutationMaster "
                                "WHERE SalutationCode > 0 ORDER BY SalutationName"));
 }
 
-QList<TeacherListEntry> TeacherService::states() const
+QList<CodeName> TeacherService::states() const
 {
     return list(QStringLiteral("SELECT StateCode, StateName FROM StateMaster WHERE StateCode > 0 ORDER BY StateName"));
 }
 
-QList<TeacherListEntry> TeacherService::cities(int stateCode) const
+QList<CodeName> TeacherService::cities(int stateCode) const
 {
     if (stateCode <= 0)
         return {{0, QString()}};
@@ -86,7 +86,7 @@ QList<TeacherListEntry> TeacherService::cities(int stateCode) const
                 {stateCode});
 }
 
-QList<TeacherListEntry> TeacherService::bloodGroups() const
+QList<CodeName> TeacherService::bloodGroups() const
 {
     return list(QStringLiteral("SELECT BloodGroupCode, BloodGroupName FROM BloodGroupMaster "
                                "WHERE BloodGroupCode > 0 ORDER BY BloodGroupName"));

@@ -1,4 +1,6 @@
 #pragma once
+#include "codename.h"
+
 #include <QDate>
 #include <QList>
 #include <QSqlDatabase>
@@ -36,13 +38,6 @@ struct Teacher
     int periodCode = 0;
 };
 
-// One entry of a drop-down list of a master: code 0 is the blank entry.
-struct TeacherListEntry
-{
-    int code = 0;
-    QString name;
-};
-
 // A Save refused by a check: the text to show and the field that gets focus.
 struct TeacherRefusal
 {
@@ -77,10 +72,10 @@ class TeacherService
 public:
     explicit TeacherService(const QSqlDatabase &db) : m_db(db) {}
 
-    QList<TeacherListEntry> salutations() const;
-    QList<TeacherListEntry> states() const;
-    QList<TeacherListEntry> cities(int stateCode) const;
-    QList<TeacherListEntry> bloodGroups() const;
+    QList<CodeName> salutations() const;
+    QList<CodeName> states() const;
+    QList<CodeName> cities(int stateCode) const;
+    QList<CodeName> bloodGroups() const;
 
     // The teacher with this code, with the state of its city; nothing when the row is gone.
     std::optional<Teacher> load(int code) const;
@@ -103,7 +98,7 @@ public:
     void remove(int code) const;
 
 private:
-    QList<TeacherListEntry> list(const QString &statement, const QVariantList &values = {}) const;
+    QList<CodeName> list(const QString &statement, const QVariantList &values = {}) const;
     std::optional<TeacherRefusal> duplicateRefusal(const Teacher &teacher, bool editing) const;
 
     QSqlDatabase m_db;

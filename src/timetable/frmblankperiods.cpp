@@ -3,7 +3,6 @@
 #include "messageservice.h"
 #include "screen.h"
 #include "session.h"
-#include "storeerror.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -46,11 +45,7 @@ frmBlankPeriods::frmBlankPeriods(AppContext &ctx, QWidget *parent) : QWidget(par
 void frmBlankPeriods::load()
 {
     QList<OverAllottedClass> classes;
-    try {
-        classes = OverAllottedClasses(m_ctx.db(), m_ctx.session.calendar);
-    } catch (const StoreError &error) {
-        m_ctx.messages->critical(error.text());
-    }
+    Screen::guarded(m_ctx, [&] { classes = OverAllottedClasses(m_ctx.db(), m_ctx.session.calendar); });
     m_msgDetails->setRowCount(int(classes.size()));
     for (int row = 0; row < classes.size(); ++row) {
         const QStringList cells = {QString::number(row + 1), classes[row].className, classes[row].divisionName,

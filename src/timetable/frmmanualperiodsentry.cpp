@@ -20,14 +20,6 @@ namespace {
 const QString FormName = QStringLiteral("frmManualPeriodsEntry");
 constexpr int HelpScreenNo = 17;
 
-QPushButton *button(const QString &caption, const QString &name, QWidget *parent, const QString &tip = {})
-{
-    auto *push = new QPushButton(caption, parent);
-    push->setObjectName(name);
-    push->setToolTip(tip);
-    return push;
-}
-
 QLabel *freeSlotsLabel(const QString &name, QWidget *parent)
 {
     auto *label = new QLabel(parent);
@@ -45,7 +37,7 @@ frmManualPeriodsEntry::frmManualPeriodsEntry(AppContext &ctx, QWidget *parent) :
     setWindowTitle(QStringLiteral("Manual Periods Entry"));
     buildLayout();
     connectControls();
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         m_calendar.load(m_ctx.db());
         m_layout = ManualWeek(m_ctx.db(), m_calendar).layout();
         loadClasses();
@@ -67,14 +59,14 @@ void frmManualPeriodsEntry::buildLayout()
         grids->addWidget(frame);
     }
 
-    m_cmdTeachersFree = button(QStringLiteral("Teachers &Free"), QStringLiteral("cmdTeachersFree"), this);
+    m_cmdTeachersFree = Screen::button(this, "cmdTeachersFree", QStringLiteral("Teachers &Free"));
     m_cmdTeachersClassesFree =
-        button(QStringLiteral("Teachers - C&lasses Free"), QStringLiteral("cmdTeachersClassesFree"), this);
+        Screen::button(this, "cmdTeachersClassesFree", QStringLiteral("Teachers - C&lasses Free"));
     m_cmdPeriodsToBeFilled =
-        button(QStringLiteral("&Periods To Be Filled"), QStringLiteral("cmdPeriodsToBeFilled"), this);
-    m_cmdTeachersTimeTable = button(QStringLiteral("&Teachers TimeTable"), QStringLiteral("cmdTeachersTimeTable"), this);
-    m_cmdCancel = button(QStringLiteral("&Cancel"), QStringLiteral("cmdCancel"), this);
-    m_cmdExit = button(QStringLiteral("E&xit"), QStringLiteral("cmdExit"), this);
+        Screen::button(this, "cmdPeriodsToBeFilled", QStringLiteral("&Periods To Be Filled"));
+    m_cmdTeachersTimeTable = Screen::button(this, "cmdTeachersTimeTable", QStringLiteral("&Teachers TimeTable"));
+    m_cmdCancel = Screen::button(this, "cmdCancel", QStringLiteral("&Cancel"));
+    m_cmdExit = Screen::button(this, "cmdExit", QStringLiteral("E&xit"));
     auto *buttons = new QHBoxLayout;
     for (QPushButton *push : {m_cmdTeachersFree, m_cmdTeachersClassesFree, m_cmdPeriodsToBeFilled})
         buttons->addWidget(push);
@@ -118,12 +110,12 @@ QWidget *frmManualPeriodsEntry::buildSelection()
     m_lblAllotedPeriods->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000")));
     m_lblOccupiedPeriods->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000")));
 
-    m_cmdCS = button(QStringLiteral("CS"), QStringLiteral("cmdCS"), frame,
-                     QStringLiteral("Click To View Combined Subject Details"));
-    m_cmdCC = button(QStringLiteral("CC"), QStringLiteral("cmdCC"), frame,
-                     QStringLiteral("Click To View Combined Class Details"));
-    m_cmdCT = button(QStringLiteral("CT"), QStringLiteral("cmdCT"), frame,
-                     QStringLiteral("Click To View Combined Teacher Details"));
+    m_cmdCS = Screen::button(frame, "cmdCS", QStringLiteral("CS"));
+    m_cmdCS->setToolTip(QStringLiteral("Click To View Combined Subject Details"));
+    m_cmdCC = Screen::button(frame, "cmdCC", QStringLiteral("CC"));
+    m_cmdCC->setToolTip(QStringLiteral("Click To View Combined Class Details"));
+    m_cmdCT = Screen::button(frame, "cmdCT", QStringLiteral("CT"));
+    m_cmdCT->setToolTip(QStringLiteral("Click To View Combined Teacher Details"));
     auto *groups = new QHBoxLayout;
     for (QPushButton *push : {m_cmdCS, m_cmdCC, m_cmdCT}) {
         push->setMaximumWidth(push->fontMetrics().horizontalAdvance(QStringLiteral("MMMM")) + 16);

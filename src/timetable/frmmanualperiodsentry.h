@@ -1,7 +1,6 @@
 #pragma once
 #include "manualentry.h"
 #include "manualweek.h"
-#include "storeerror.h"
 
 #include <QWidget>
 
@@ -55,20 +54,6 @@ private:
     void openTeachersTimeTable();
 
     ManualEntry entry();
-    // Runs a store action; a StoreError is shown and gives false.
-    template<typename Action>
-    bool guarded(Action action)
-    {
-        try {
-            action();
-            return true;
-        } catch (const StoreError &error) {
-            showStoreError(error);
-            return false;
-        }
-    }
-    void showStoreError(const StoreError &error);
-
     AppContext &m_ctx;
     SchoolCalendar m_calendar;
     WeekLayout m_layout;

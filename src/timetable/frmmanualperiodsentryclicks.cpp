@@ -1,5 +1,6 @@
 // The selection, the clicks on both weeks and the panels of frmManualPeriodsEntry.
 #include "frmmanualperiodsentry.h"
+#include "codecombo.h"
 #include "manuallists.h"
 #include "manualwidgets.h"
 #include "messageservice.h"
@@ -12,19 +13,14 @@
 #include <QSignalBlocker>
 
 namespace {
+// A list with the blank row first; refills are not the user's choice, so they stay silent.
 void refill(QComboBox *combo, const QList<ManualLists::Item> &items)
 {
-    const QSignalBlocker silent(combo);
-    combo->clear();
-    combo->addItem(QString(), 0);
+    QList<CodeName> entries;
+    entries.reserve(items.size());
     for (const ManualLists::Item &item : items)
-        combo->addItem(item.name, item.code);
-    combo->setCurrentIndex(0);
-}
-
-int codeOf(const QComboBox *combo)
-{
-    return combo->currentIndex() < 0 ? 0 : combo->currentData().toInt();
+        entries.append({item.code, item.name});
+    CodeCombo::fill(combo, entries, true);
 }
 
 // Shows the panel with its rows; a group with no rows keeps its panel hidden.
@@ -33,11 +29,6 @@ void showRows(ManualPanel *panel, QTableWidget *grid, const QList<QStringList> &
     fillListGrid(grid, rows);
     panel->setVisible(!rows.isEmpty());
 }
-}
-
-void frmManualPeriodsEntry::showStoreError(const StoreError &error)
-{
-    m_ctx.messages->critical(error.text());
 }
 
 ManualEntry frmManualPeriodsEntry::entry()
@@ -54,12 +45,12 @@ void frmManualPeriodsEntry::classChosen()
 {
     hideAllPanels();
     clearPanels();
-    m_selection = {codeOf(m_cboClass), 0, 0, 0};
+    m_selection = {CodeCombo::code(m_cboClass), 0, 0, 0};
     m_lblTeacherName->clear();
     m_cmdTeachersFree->setEnabled(false);
     m_cmdTeachersClassesFree->setEnabled(false);
     refill(m_cboSubject, {});
-    guarded([this] { refill(m_cboDivision, ManualLists(m_ctx.db()).divisions(m_selection.classCode)); });
+    Screen::guarded(m_ctx, [this] { refill(m_cboDivision, ManualLists(m_ctx.db()).divisions(m_selection.classCode)); });
     refresh();
 }
 
@@ -67,7 +58,7 @@ void frmManualPeriodsEntry::divisionChosen()
 {
     hideAllPanels();
     clearPanels();
-    m_selection.division = codeOf(m_cboDivision);
+    m_selection.division = CodeCombo::code(m_cboDivision);
     m_selection.subject = 0;
     m_selection.teacher = 0;
     m_lblTeacherName->clear();
@@ -76,7 +67,7 @@ void frmManualPeriodsEntry::divisionChosen()
     refill(m_cboSubject, {});
     refresh();
     if (m_selection.division > 0)
-        guarded([this] {
+        Screen::guarded(m_ctx, [this] {
             refill(m_cboSubject, ManualLists(m_ctx.db()).subjects(m_selection.classCode, m_selection.division));
         });
 }
@@ -89,10 +80,10 @@ void frmManualPeriodsEntry::subjectChosen()
     m_fraTeachersClassesFree->hide();
     m_lblTeacherName->clear();
     m_selection.teacher = 0;
-    m_selection.subject = codeOf(m_cboSubject);
+    m_selection.subject = CodeCombo::code(m_cboSubject);
     clearPanels();
     if (m_selection.subject > 0) {
-        guarded([this] {
+        Screen::guarded(m_ctx, [this] {
             const ManualLists::SubjectChoice choice =
                 ManualLists(m_ctx.db()).subjectChoice(m_selection.classCode, m_selection.division, m_selection.subject);
             m_subjectShortName = choice.shortName;
@@ -148,7 +139,7 @@ void frmManualPeriodsEntry::teacherCellClicked(int row, int column)
     const PeriodSlot slot{m_msgTeacher->dayCodeAt(row), column};
     const bool empty = m_msgTeacher->cellText(row, column).isEmpty();
     ManualEntry::Result result = ManualEntry::Result::Nothing;
-    guarded([&] {
+    Screen::guarded(m_ctx, [&] {
         result = empty ? entry().place(m_selection, slot) : entry().removeTeacherEntry(m_selection.teacher, slot);
     });
     // A refusal may follow a confirmed Modify that has already taken the old entry away.
@@ -166,7 +157,9 @@ void frmManualPeriodsEntry::classCellClicked(int row, int column)
     }
     const PeriodSlot slot{m_msgClass->dayCodeAt(row), column};
     ManualEntry::Result result = ManualEntry::Result::Nothing;
-    guarded([&] { result = entry().removeClassEntry(m_selection.classCode, m_selection.division, slot); });
+    Screen::guarded(m_ctx, [&] {
+        result = entry().removeClassEntry(m_selection.classCode, m_selection.division, slot);
+    });
     if (result == ManualEntry::Result::Removed)
         refresh();
 }
@@ -192,7 +185,7 @@ void frmManualPeriodsEntry::rebuildGrids()
     m_lblAllotedPeriods->clear();
     m_lblOccupiedPeriods->clear();
     if (m_selection.complete() && m_selection.teacher > 0)
-        guarded([this] {
+        Screen::guarded(m_ctx, [this] {
             m_lblAllotedPeriods->setText(
                 QString::number(ManualWeek(m_ctx.db(), m_calendar).allottedPeriods(m_selection)));
         });
@@ -202,7 +195,7 @@ void frmManualPeriodsEntry::fillClassGrid()
 {
     if (m_selection.classCode <= 0 || m_selection.division <= 0)
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         m_msgClass->showWeek(ManualWeek(m_ctx.db(), m_calendar).classWeek(m_selection), m_selection.teacher > 0);
     });
 }
@@ -211,7 +204,7 @@ void frmManualPeriodsEntry::fillTeacherGrid()
 {
     if (m_selection.classCode <= 0 || m_selection.division <= 0 || m_selection.teacher <= 0)
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         const WeekGrid week = ManualWeek(m_ctx.db(), m_calendar).teacherWeek(m_selection);
         m_msgTeacher->showWeek(week, true);
         m_lblOccupiedPeriods->setText(QString::number(week.occupied));
@@ -239,19 +232,21 @@ void frmManualPeriodsEntry::hideAllPanels()
 
 void frmManualPeriodsEntry::showCombinedSubject()
 {
-    guarded([this] { showRows(m_fraCombined, m_msgCombined, ManualLists(m_ctx.db()).combinedSubjectRows(m_groups.cp)); });
+    Screen::guarded(m_ctx, [this] {
+        showRows(m_fraCombined, m_msgCombined, ManualLists(m_ctx.db()).combinedSubjectRows(m_groups.cp));
+    });
 }
 
 void frmManualPeriodsEntry::showCombinedClass()
 {
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         showRows(m_fraCombinedClass, m_msgCombinedClass, ManualLists(m_ctx.db()).combinedClassRows(m_groups.cc));
     });
 }
 
 void frmManualPeriodsEntry::showCombinedTeacher()
 {
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         showRows(m_fraCombinedTeacher, m_msgCombinedTeacher, ManualLists(m_ctx.db()).combinedTeacherRows(m_groups.ct));
     });
 }
@@ -260,7 +255,7 @@ void frmManualPeriodsEntry::showTeachersFree()
 {
     if (m_groups.cp <= 0)
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         m_lblTeachersFree->setText(ManualWeek(m_ctx.db(), m_calendar).teachersFree(m_groups.cp));
         m_fraTeachersFree->open();
     });
@@ -270,7 +265,7 @@ void frmManualPeriodsEntry::showTeachersClassesFree()
 {
     if (m_groups.cp <= 0)
         return;
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         m_lblTeachersClassesFree->setText(ManualWeek(m_ctx.db(), m_calendar).teachersClassesFree(m_groups.cp));
         m_fraTeachersClassesFree->open();
     });
@@ -286,7 +281,7 @@ void frmManualPeriodsEntry::showPeriodsToBeFilled()
 
 void frmManualPeriodsEntry::fillPeriodsToBeFilled()
 {
-    guarded([this] {
+    Screen::guarded(m_ctx, [this] {
         QList<QStringList> rows;
         const auto lines =
             ManualWeek(m_ctx.db(), m_calendar).periodsToBeFilled(m_selection.classCode, m_selection.division);

@@ -1,3 +1,4 @@
+#include "findcontrol.h"
 #include "frmhelp.h"
 #include "scriptedmessages.h"
 #include "sql.h"
@@ -28,9 +29,9 @@ private slots:
 
         store.context().session.helpScreenNo = 10;
         frmHelp help(store.context());
-        auto *name = help.findChild<QLabel *>(QStringLiteral("lblName"));
-        auto *detail = help.findChild<QTextEdit *>(QStringLiteral("txtDetail"));
-        auto *tree = help.findChild<QTreeWidget *>(QStringLiteral("tvwDisplay"));
+        FIND_OR_FAIL(name, findControl<QLabel>(&help, "lblName"));
+        FIND_OR_FAIL(detail, findControl<QTextEdit>(&help, "txtDetail"));
+        FIND_OR_FAIL(tree, findControl<QTreeWidget>(&help, "tvwDisplay"));
         QCOMPARE(name->text(), QStringLiteral("Teacher Master"));
         QVERIFY(detail->toPlainText().contains(QStringLiteral("teacher"), Qt::CaseInsensitive));
         QCOMPARE(tree->topLevelItemCount(), 40);

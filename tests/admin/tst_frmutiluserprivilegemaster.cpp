@@ -30,7 +30,7 @@ const QString ViewQuestion =
 
 void chooseUser(frmUtilUserPrivilegeMaster &screen, const QString &name)
 {
-    auto *combo = findControl<QComboBox>(&screen, "dbcUserName");
+    FIND_OR_FAIL(combo, findControl<QComboBox>(&screen, "dbcUserName"));
     const int index = combo->findText(name);
     QVERIFY(index >= 0);
     combo->setCurrentIndex(index);
@@ -39,7 +39,7 @@ void chooseUser(frmUtilUserPrivilegeMaster &screen, const QString &name)
 
 void check(frmUtilUserPrivilegeMaster &screen, const QString &text)
 {
-    auto *tree = findControl<QTreeWidget>(&screen, "tvwDisplay");
+    FIND_OR_FAIL(tree, findControl<QTreeWidget>(&screen, "tvwDisplay"));
     const QList<QTreeWidgetItem *> found = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
     QVERIFY(!found.isEmpty());
     found.first()->setCheckState(0, Qt::Checked);
@@ -47,7 +47,14 @@ void check(frmUtilUserPrivilegeMaster &screen, const QString &text)
 
 void click(frmUtilUserPrivilegeMaster &screen, const char *name)
 {
-    QTest::mouseClick(findControl<QPushButton>(&screen, name), Qt::LeftButton);
+    FIND_OR_FAIL(button, findControl<QPushButton>(&screen, name));
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+bool enabled(frmUtilUserPrivilegeMaster &screen, const char *name)
+{
+    FIND_OR_FAIL(widget, findControl<QWidget>(&screen, name), false);
+    return widget->isEnabled();
 }
 
 }
@@ -69,17 +76,20 @@ private slots:
         const int head = ReferenceMasterService(store.db(), userKind()).save(0, QStringLiteral("Office Head")).code;
         frmUtilUserPrivilegeMaster screen(store.context());
         screen.show();
-        auto *tree = findControl<QTreeWidget>(&screen, "tvwDisplay");
+        FIND_OR_FAIL(tree, findControl<QTreeWidget>(&screen, "tvwDisplay"));
+        FIND_OR_FAIL(loginId, findControl<QLineEdit>(&screen, "txtLoginID"));
+        FIND_OR_FAIL(password, findControl<QLineEdit>(&screen, "txtPassword"));
+        FIND_OR_FAIL(rePassword, findControl<QLineEdit>(&screen, "txtRePassword"));
         QVERIFY(!tree->isEnabled());
-        QVERIFY(findControl<QGroupBox>(&screen, "Frame4")->isEnabled()); // no login yet: everything passes
+        QVERIFY(enabled(screen, "Frame4")); // no login yet: everything passes
 
         click(screen, "cmdNew");
         QVERIFY(tree->isEnabled());
-        QVERIFY(!findControl<QGroupBox>(&screen, "Frame4")->isEnabled());
+        QVERIFY(!enabled(screen, "Frame4"));
         chooseUser(screen, QStringLiteral("Office Head"));
-        findControl<QLineEdit>(&screen, "txtLoginID")->setText(QStringLiteral("head"));
-        findControl<QLineEdit>(&screen, "txtPassword")->setText(QStringLiteral("Secret1"));
-        findControl<QLineEdit>(&screen, "txtRePassword")->setText(QStringLiteral("Secret1"));
+        loginId->setText(QStringLiteral("head"));
+        password->setText(QStringLiteral("Secret1"));
+        rePassword->setText(QStringLiteral("Secret1"));
         // Checking Utilities checks everything under it, the user screens' buttons too.
         check(screen, QStringLiteral("Utilities"));
         check(screen, QStringLiteral("Masters"));
@@ -100,8 +110,8 @@ private slots:
         click(screen, "cmdEdit");
         messages.expectQuestion(ViewQuestion, true);
         chooseUser(screen, QStringLiteral("Office Head"));
-        QCOMPARE(findControl<QLineEdit>(&screen, "txtLoginID")->text(), QStringLiteral("head"));
-        QVERIFY(findControl<QLineEdit>(&screen, "txtPassword")->text() != QStringLiteral("Secret1"));
+        QCOMPARE(loginId->text(), QStringLiteral("head"));
+        QVERIFY(password->text() != QStringLiteral("Secret1"));
         const QList<QTreeWidgetItem *> utilities = tree->findItems(QStringLiteral("Options"),
                                                                    Qt::MatchExactly | Qt::MatchRecursive);
         QCOMPARE(utilities.first()->checkState(0), Qt::Checked);
@@ -140,14 +150,14 @@ private slots:
         store.context().session.userCode = clerk.userCode;
         frmUtilUserPrivilegeMaster screen(store.context());
         screen.show();
-        QVERIFY(!findControl<QGroupBox>(&screen, "Frame4")->isEnabled());
+        QVERIFY(!enabled(screen, "Frame4"));
         messages.expectInformation(QStringLiteral("You Have No Privilege To Modify This Entry"));
         click(screen, "cmdEdit");
-        QVERIFY(!findControl<QTreeWidget>(&screen, "tvwDisplay")->isEnabled());
+        QVERIFY(!enabled(screen, "tvwDisplay"));
         click(screen, "cmdNew");
-        QVERIFY(findControl<QTreeWidget>(&screen, "tvwDisplay")->isEnabled());
+        QVERIFY(enabled(screen, "tvwDisplay"));
         // Typing a login before choosing a user is refused.
-        auto *login = findControl<QLineEdit>(&screen, "txtLoginID");
+        FIND_OR_FAIL(login, findControl<QLineEdit>(&screen, "txtLoginID"));
         messages.expectInformation(QStringLiteral("Select User Name"));
         login->setFocus();
         QTest::keyClick(login, Qt::Key_A);

@@ -6,6 +6,7 @@
 #include "teststore.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSqlQuery>
 #include <QTableWidget>
@@ -78,6 +79,8 @@ inline int nextNo(TestStore &store, const char *id)
         .toInt();
 }
 
+// The control `name` of `screen`; nullptr, with the test failed, when the screen has none. The helpers below
+// do nothing on a missing control or grid, so a test goes on to its next check, which fails it too.
 template<typename T>
 T *control(QWidget *screen, const char *name)
 {
@@ -87,22 +90,28 @@ T *control(QWidget *screen, const char *name)
 // Presses a button as the user does: a disabled one does nothing.
 inline void press(QWidget *screen, const char *name)
 {
-    QTest::mouseClick(control<QPushButton>(screen, name), Qt::LeftButton);
+    FIND_OR_FAIL(button, control<QPushButton>(screen, name));
+    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 // Chooses the entry with `code` as a user's pick does.
 inline void choose(QWidget *screen, const char *name, int code)
 {
-    auto *combo = control<QComboBox>(screen, name);
+    FIND_OR_FAIL(combo, control<QComboBox>(screen, name));
     const int index = combo->findData(code);
-    if (index < 0)
-        qFatal("%s has no code %d", name, code);
+    if (index < 0) {
+        QTest::qFail(qPrintable(QStringLiteral("%1 has no code %2").arg(QLatin1String(name)).arg(code)), __FILE__,
+                     __LINE__);
+        return;
+    }
     combo->setCurrentIndex(index);
     emit combo->activated(index);
 }
 
 inline void clickRow(QTableWidget *grid, int row)
 {
+    if (!grid)
+        return;
     const QRect cell = grid->visualRect(grid->model()->index(row, 0));
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.center());
 }
@@ -111,7 +120,7 @@ inline void clickRow(QTableWidget *grid, int row)
 inline QStringList cells(QTableWidget *grid)
 {
     QStringList rows;
-    for (int r = 0; r < grid->rowCount(); ++r) {
+    for (int r = 0; grid && r < grid->rowCount(); ++r) {
         QStringList row;
         for (int c = 0; c < grid->columnCount(); ++c) {
             if (!grid->isColumnHidden(c))
@@ -125,7 +134,14 @@ inline QStringList cells(QTableWidget *grid)
 
 inline bool enabled(QWidget *screen, const char *name)
 {
-    return control<QWidget>(screen, name)->isEnabled();
+    FIND_OR_FAIL(widget, control<QWidget>(screen, name), false);
+    return widget->isEnabled();
+}
+
+inline QString labelText(QWidget *screen, const char *name)
+{
+    FIND_OR_FAIL(label, control<QLabel>(screen, name), QString());
+    return label->text();
 }
 
 }

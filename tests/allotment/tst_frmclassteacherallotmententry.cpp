@@ -36,18 +36,34 @@ private:
     }
     QComboBox *combo(const char *name) { return control<QComboBox>(name); }
     QPushButton *button(const char *name) { return control<QPushButton>(name); }
-    void click(const char *name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+    void click(const char *name)
+    {
+        FIND_OR_FAIL(pressed, button(name));
+        QTest::mouseClick(pressed, Qt::LeftButton);
+    }
+    bool enabled(const char *name)
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isEnabled();
+    }
+    QString shown(const char *name)
+    {
+        FIND_OR_FAIL(list, combo(name), QString());
+        return list->currentText();
+    }
     bool choose(const char *name, const QString &text)
     {
-        const int index = combo(name)->findText(text);
-        combo(name)->setCurrentIndex(index);
+        FIND_OR_FAIL(list, combo(name), false);
+        const int index = list->findText(text);
+        list->setCurrentIndex(index);
         return index >= 0;
     }
     QStringList items(const char *name)
     {
+        FIND_OR_FAIL(list, combo(name), QStringList());
         QStringList texts;
-        for (int i = 0; i < combo(name)->count(); ++i)
-            texts << combo(name)->itemText(i);
+        for (int i = 0; i < list->count(); ++i)
+            texts << list->itemText(i);
         return texts;
     }
     QString focused() const { return m_form->focusWidget() ? m_form->focusWidget()->objectName() : QString(); }
@@ -139,26 +155,26 @@ private slots:
 
     void loadsTheClassDivisionsEntry()
     {
-        QVERIFY(!control<QFrame>("fraMain")->isEnabled());
+        QVERIFY(!enabled("fraMain"));
         QCOMPARE(items("cboUniformPeriodName"), (QStringList{"", "P1", "P2", "P3", "P4", "P5", "P6", "P7"}));
         QCOMPARE(items("cboClass"), (QStringList{"", "VI", "VII", "VIII"}));
         openNew("VI", "A");
-        QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Ajith Iyer"));
-        QCOMPARE(combo("cboSubject")->currentText(), QStringLiteral("Mathematics"));
-        QCOMPARE(combo("cboUniformPeriodAllocation")->currentText(), QStringLiteral("YES"));
-        QCOMPARE(combo("cboUniformPeriodName")->currentText(), QStringLiteral("P1"));
-        QVERIFY(button("cmdEdit")->isEnabled());
-        QVERIFY(button("cmdDelete")->isEnabled());
-        QVERIFY(!button("cmdSave")->isEnabled());
+        QCOMPARE(shown("cboTeacher"), QStringLiteral("Ajith Iyer"));
+        QCOMPARE(shown("cboSubject"), QStringLiteral("Mathematics"));
+        QCOMPARE(shown("cboUniformPeriodAllocation"), QStringLiteral("YES"));
+        QCOMPARE(shown("cboUniformPeriodName"), QStringLiteral("P1"));
+        QVERIFY(enabled("cmdEdit"));
+        QVERIFY(enabled("cmdDelete"));
+        QVERIFY(!enabled("cmdSave"));
         QCOMPARE(focused(), QStringLiteral("cmdEdit"));
 
         // A class division without a class teacher is open for a new entry again.
         QVERIFY(choose("cboClass", "VIII"));
         QVERIFY(choose("cboDivision", "A"));
-        QCOMPARE(combo("cboTeacher")->currentText(), QString());
-        QCOMPARE(combo("cboUniformPeriodAllocation")->currentText(), QStringLiteral("NO"));
-        QVERIFY(!button("cmdEdit")->isEnabled());
-        QVERIFY(button("cmdSave")->isEnabled());
+        QCOMPARE(shown("cboTeacher"), QString());
+        QCOMPARE(shown("cboUniformPeriodAllocation"), QStringLiteral("NO"));
+        QVERIFY(!enabled("cmdEdit"));
+        QVERIFY(enabled("cmdSave"));
     }
 
     void saveWritesTheFourColumns_data()
@@ -184,14 +200,14 @@ private slots:
             if (allocation == QLatin1String("YES"))
                 QVERIFY(choose("cboUniformPeriodName", "P3"));
         }
-        QCOMPARE(combo("cboUniformPeriodName")->isEnabled(), allocations.last() == QLatin1String("YES"));
+        QCOMPARE(enabled("cboUniformPeriodName"), allocations.last() == QLatin1String("YES"));
         m_messages.expectInformation(QStringLiteral("Record Saved"));
         click("cmdSave");
         QCOMPARE(entryOf(QStringLiteral("Priya Philip")), stored);
         QCOMPARE(classTeachers(), 1);
-        QVERIFY(button("cmdNew")->isEnabled());
-        QVERIFY(!control<QFrame>("fraMain")->isEnabled());
-        QCOMPARE(combo("cboClass")->currentText(), QString());
+        QVERIFY(enabled("cmdNew"));
+        QVERIFY(!enabled("fraMain"));
+        QCOMPARE(shown("cboClass"), QString());
     }
 
     void refusalsInOrder()
@@ -254,17 +270,17 @@ private slots:
             click("cmdSave");
         }
         if (view) {
-            QCOMPARE(combo("cboClass")->currentText(), QStringLiteral("VII"));
-            QCOMPARE(combo("cboDivision")->currentText(), QStringLiteral("A"));
-            QCOMPARE(combo("cboTeacher")->currentText(), QStringLiteral("Priya Philip"));
-            QCOMPARE(combo("cboUniformPeriodName")->currentText(), QStringLiteral("P4"));
-            QVERIFY(button("cmdEdit")->isEnabled());
-            QVERIFY(!button("cmdSave")->isEnabled());
+            QCOMPARE(shown("cboClass"), QStringLiteral("VII"));
+            QCOMPARE(shown("cboDivision"), QStringLiteral("A"));
+            QCOMPARE(shown("cboTeacher"), QStringLiteral("Priya Philip"));
+            QCOMPARE(shown("cboUniformPeriodName"), QStringLiteral("P4"));
+            QVERIFY(enabled("cmdEdit"));
+            QVERIFY(!enabled("cmdSave"));
         } else {
-            QCOMPARE(combo("cboClass")->currentText(), QStringLiteral("VI"));
-            QCOMPARE(combo("cboTeacher")->currentText(), QString());
+            QCOMPARE(shown("cboClass"), QStringLiteral("VI"));
+            QCOMPARE(shown("cboTeacher"), QString());
             QCOMPARE(focused(), QStringLiteral("cboTeacher"));
-            QVERIFY(button("cmdSave")->isEnabled());
+            QVERIFY(enabled("cmdSave"));
         }
         QCOMPARE(entryOf(QStringLiteral("Priya Philip")), QStringLiteral("2,1,1,4"));
         QCOMPARE(classTeachers(), 1);
@@ -290,8 +306,8 @@ private slots:
                                          "NEW.TeacherName = 'Priya Philip' BEGIN SELECT RAISE(ABORT, 'refused'); END"));
         openNew("VI", "A");
         click("cmdEdit");
-        QVERIFY(!combo("cboClass")->isEnabled());
-        QVERIFY(!combo("cboDivision")->isEnabled());
+        QVERIFY(!enabled("cboClass"));
+        QVERIFY(!enabled("cboDivision"));
         QCOMPARE(focused(), QStringLiteral("cmdSave"));
         QVERIFY(choose("cboTeacher", "Priya Philip"));
         QVERIFY(choose("cboSubject", "English"));
@@ -303,7 +319,7 @@ private slots:
         click("cmdSave");
         QCOMPARE(entryOf(QStringLiteral("Ajith Iyer")), ajith);
         QCOMPARE(entryOf(QStringLiteral("Priya Philip")), priya);
-        QCOMPARE(button("cmdSave")->isEnabled(), storeRefuses); // a failed Save leaves the screen as it was
+        QCOMPARE(enabled("cmdSave"), storeRefuses); // a failed Save leaves the screen as it was
     }
 
     void deleteClearsTheEntry_data()
@@ -324,7 +340,7 @@ private slots:
             m_messages.expectInformation(QStringLiteral("Record Deleted"));
         click("cmdDelete");
         QCOMPARE(entryOf(QStringLiteral("Ajith Iyer")), stored);
-        QCOMPARE(button("cmdNew")->isEnabled(), answer);
+        QCOMPARE(enabled("cmdNew"), answer);
         QCOMPARE(classTeachers(), answer ? 3 : 4);
     }
 
@@ -338,8 +354,8 @@ private slots:
                                      "AND DivisionCode = 1"));
         m_messages.expectInformation(QStringLiteral("Selected Master Data Is Deleted.\nYou Cannot Save This Data."));
         click("cmdSave");
-        QCOMPARE(combo("cboTeacher")->currentText(), QString());
-        QCOMPARE(combo("cboSubject")->currentText(), QString());
+        QCOMPARE(shown("cboTeacher"), QString());
+        QCOMPARE(shown("cboSubject"), QString());
         QVERIFY(!items("cboTeacher").contains(QStringLiteral("Priya Philip")));
         QCOMPARE(focused(), QStringLiteral("cboTeacher"));
         QCOMPARE(classTeachers(), 0);
@@ -370,8 +386,8 @@ private slots:
             openNew("VI", "A");
         m_messages.expectInformation(refusal);
         click(qPrintable(pressed));
-        QCOMPARE(control<QFrame>("fraMain")->isEnabled(), pressed != QLatin1String("cmdNew"));
-        QCOMPARE(button("cmdSave")->isEnabled(), false);
+        QCOMPARE(enabled("fraMain"), pressed != QLatin1String("cmdNew"));
+        QCOMPARE(enabled("cmdSave"), false);
         QCOMPARE(entryOf(QStringLiteral("Ajith Iyer")), QStringLiteral("1,1,4,1"));
     }
 };

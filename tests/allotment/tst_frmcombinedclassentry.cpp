@@ -63,8 +63,8 @@ private slots:
     {
         press(m_screen, "cmdNew");
         chooseMain(1, 1, 1);
-        QCOMPARE(control<QLabel>(m_screen, "lblTeacherName")->text(), QStringLiteral("Teacher 1"));
-        QCOMPARE(control<QLabel>(m_screen, "lblNoOfSectionPeriods")->text(), QStringLiteral("3"));
+        QCOMPARE(labelText(m_screen, "lblTeacherName"), QStringLiteral("Teacher 1"));
+        QCOMPARE(labelText(m_screen, "lblNoOfSectionPeriods"), QStringLiteral("3"));
         add(1, 2);
         add(2, 2);
         m_messages.expectInformation(QStringLiteral("Already This Class-Division Is Added In This Group\nYou Cannot Add It Again"));
@@ -137,7 +137,8 @@ private slots:
         saveGroup();
         m_screen->loadChosenGroup(Main, 1);
         QCOMPARE(cells(listed()), (QStringList{"I|B", "I|C"}));
-        QCOMPARE(control<QComboBox>(m_screen, "cboSubject")->currentText(), QStringLiteral("Subject 1"));
+        FIND_OR_FAIL(subject, control<QComboBox>(m_screen, "cboSubject"));
+        QCOMPARE(subject->currentText(), QStringLiteral("Subject 1"));
         press(m_screen, "cmdEdit");
         m_messages.expectQuestion(QStringLiteral("Do You Want To Remove The Selected Class-Division From The Group ?"), true);
         clickRow(listed(), 1);
@@ -176,7 +177,7 @@ private slots:
         const QString existing = QStringLiteral("Combined Class Entry Already Exists For This Selection\nDo You Want To View The Details ?");
         m_messages.expectQuestion(existing, false);
         chooseMain(1, 1, 1);
-        QVERIFY(control<QLabel>(m_screen, "lblTeacherName")->text().isEmpty());
+        QVERIFY(labelText(m_screen, "lblTeacherName").isEmpty());
         m_messages.expectQuestion(existing, true);
         choose(m_screen, "cboSubject", 1);
         QCOMPARE(cells(listed()).size(), 2);
@@ -186,7 +187,8 @@ private slots:
         press(m_screen, "cmdNew");
         m_messages.expectInformation(QStringLiteral("The Selected Combination Is A System Generated Work Allotment Entry\nSo It Cannot Be Selected"));
         chooseMain(1, 2, 1);
-        QCOMPARE(control<QComboBox>(m_screen, "cboSubject")->currentData().toInt(), 0);
+        FIND_OR_FAIL(subject, control<QComboBox>(m_screen, "cboSubject"));
+        QCOMPARE(subject->currentData().toInt(), 0);
         place(*m_store, {3, 1, 2, 2});
         m_messages.expectInformation(QStringLiteral("Time Table Entry Already Exists For This Selection"));
         choose(m_screen, "cboSubject", 2);

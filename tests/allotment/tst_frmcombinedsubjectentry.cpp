@@ -20,7 +20,7 @@ const Key Free{4, 2, 2, 6};       // Teacher 4, II-B
 
 int rowOf(QTableWidget *grid, const Key &key)
 {
-    for (int r = 0; r < grid->rowCount(); ++r) {
+    for (int r = 0; grid && r < grid->rowCount(); ++r) {
         auto code = [&](int column) { return grid->item(r, column) ? grid->item(r, column)->text().toInt() : 0; };
         if (Key{code(5), code(6), code(7), code(8)} == key)
             return r;
@@ -220,11 +220,13 @@ private slots:
         saveGroupOfAAndB();
         press(m_screen, "cmdSearch");
         auto *search = m_screen->findChild<frmCombinedSubjectEntrySearch *>();
-        control<QLineEdit>(search, "txtCombinedSubjectId")->setText(QStringLiteral("99"));
+        QVERIFY(search);
+        FIND_OR_FAIL(id, control<QLineEdit>(search, "txtCombinedSubjectId"));
+        id->setText(QStringLiteral("99"));
         m_messages.expectInformation(QStringLiteral("No Record Exists"));
         press(search, "cmdSearch");
 
-        control<QLineEdit>(search, "txtCombinedSubjectId")->clear();
+        id->clear();
         choose(search, "cboTeacher", 3);
         press(search, "cmdSearch");
         auto *found = control<QTableWidget>(search, "msgDetails");

@@ -59,18 +59,59 @@ private:
     }
     QTableWidget *grid() { return control<QTableWidget>("msgDetails"); }
     QComboBox *combo(const char *name) { return control<QComboBox>(name); }
-    QString label(const char *name) { return control<QLabel>(name)->text(); }
-    QString cell(int row, int column) { return grid()->item(row, column)->text(); }
-    void click(const char *name) { QTest::mouseClick(control<QPushButton>(name), Qt::LeftButton); }
+    QString label(const char *name)
+    {
+        FIND_OR_FAIL(label, control<QLabel>(name), QString());
+        return label->text();
+    }
+    QString cell(int row, int column)
+    {
+        FIND_OR_FAIL(table, grid(), QString());
+        return table->item(row, column) ? table->item(row, column)->text() : QString();
+    }
+    int gridRows()
+    {
+        FIND_OR_FAIL(table, grid(), -1);
+        return table->rowCount();
+    }
+    bool enabled(const char *name)
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isEnabled();
+    }
+    bool visible(const char *name)
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isVisible();
+    }
+    void click(const char *name)
+    {
+        FIND_OR_FAIL(button, control<QPushButton>(name));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    void key(const char *name, Qt::Key key)
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name));
+        QTest::keyClick(widget, key);
+    }
+    void setText(const char *name, const QString &text)
+    {
+        FIND_OR_FAIL(field, control<QLineEdit>(name));
+        field->setText(text);
+    }
 
     void clickCell(int row, int column)
     {
-        QTableWidget *table = grid();
+        FIND_OR_FAIL(table, grid());
         table->scrollToItem(table->item(row, column));
         const QPoint centre = table->visualItemRect(table->item(row, column)).center();
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, centre);
     }
-    void chooseTeacher(int code) { combo("cboTeacher")->setCurrentIndex(combo("cboTeacher")->findData(code)); }
+    void chooseTeacher(int code)
+    {
+        FIND_OR_FAIL(teachers, combo("cboTeacher"));
+        teachers->setCurrentIndex(teachers->findData(code));
+    }
     // New, then the teacher; with Edit for a teacher who has rows.
     void openTeacher(int code, bool edit = true)
     {
@@ -81,14 +122,14 @@ private:
     }
     void pick(const char *editor, const QString &text)
     {
-        QComboBox *list = combo(editor);
+        FIND_OR_FAIL(list, combo(editor));
         QVERIFY2(list->isVisible(), editor);
         list->setCurrentIndex(list->findText(text));
         QTest::keyClick(list, Qt::Key_Return);
     }
     void typePeriods(const QString &periods)
     {
-        auto *editor = control<QLineEdit>("txtPeriods");
+        FIND_OR_FAIL(editor, control<QLineEdit>("txtPeriods"));
         QVERIFY(editor->isVisible());
         editor->setText(periods);
         QTest::keyClick(editor, Qt::Key_Return);
@@ -102,7 +143,7 @@ private:
     }
     int gridRowOf(int classCode, int division, int subject)
     {
-        for (int r = 0; r < grid()->rowCount(); ++r)
+        for (int r = 0; r < gridRows(); ++r)
             if (cell(r, ClassCode).toInt() == classCode && cell(r, DivisionCode).toInt() == division
                 && cell(r, SubjectCode).toInt() == subject)
                 return r;
@@ -165,16 +206,16 @@ private slots:
     void newSaveThenEditRoundTrip()
     {
         openTeacher(NewTeacher, false);
-        QVERIFY(control<QPushButton>("cmdSave")->isEnabled());
-        QTest::keyClick(combo("cboTeacher"), Qt::Key_Return);
+        QVERIFY(enabled("cmdSave"));
+        key("cboTeacher", Qt::Key_Return);
         enterRow("VI", "A", "Sanskrit", "3");
         enterRow("VI", "B", "Moral Science", "2");
         QCOMPARE(cell(1, SlNo), QStringLiteral("2"));
-        QCOMPARE(grid()->rowCount(), 3);
+        QCOMPARE(gridRows(), 3);
         QCOMPARE(label("lblAllotedPeriods"), QStringLiteral("5"));
         m_messages.expectInformation(QStringLiteral("Record Saved"));
         click("cmdSave");
-        QVERIFY(control<QPushButton>("cmdNew")->isEnabled());
+        QVERIFY(enabled("cmdNew"));
         // Only the five columns are written; the group columns stay empty.
         const QString written = QStringLiteral(
             "SELECT GROUP_CONCAT(ClassCode || '/' || DivisionCode || ':' || SubjectCode || '=' || NoOfSectionPeriods, "
@@ -186,11 +227,11 @@ private slots:
         QCOMPARE(label("lblNoOfPeriods"), QStringLiteral("10"));
         clickCell(0, Periods);
         typePeriods("4");
-        QVERIFY(combo("cboClass")->isVisible()); // Enter moved on to the next row
-        control<QLineEdit>("txtDeleteSlNo")->setText(QStringLiteral("3"));
+        QVERIFY(visible("cboClass")); // Enter moved on to the next row
+        setText("txtDeleteSlNo", QStringLiteral("3"));
         m_messages.expectInformation(QStringLiteral("No Row Exists"));
         click("cmdDeleteRow");
-        control<QLineEdit>("txtDeleteSlNo")->setText(QStringLiteral("1"));
+        setText("txtDeleteSlNo", QStringLiteral("1"));
         m_messages.expectQuestion(QStringLiteral("Do You Want To Delete Sl.No. 1 ?"), true);
         click("cmdDeleteRow");
         QCOMPARE(cell(0, SubjectName), QStringLiteral("Moral Science"));
@@ -209,14 +250,14 @@ private slots:
         m_store->context().session.confirmExit = true;
         const QString question = QStringLiteral("Do You Want To Exit Work Allotment Entry ?");
         openTeacher(NewTeacher, false);
-        QTest::keyClick(combo("cboTeacher"), Qt::Key_Return);
+        key("cboTeacher", Qt::Key_Return);
         enterRow("VI", "A", "Sanskrit", "3");
-        QVERIFY(combo("cboClass")->isVisible()); // the next row's class cell
-        QTest::keyClick(combo("cboClass"), Qt::Key_Escape);
-        QVERIFY(!combo("cboClass")->isVisible());
+        QVERIFY(visible("cboClass")); // the next row's class cell
+        key("cboClass", Qt::Key_Escape);
+        QVERIFY(!visible("cboClass"));
 
         clickCell(0, Periods);
-        auto *periods = control<QLineEdit>("txtPeriods");
+        FIND_OR_FAIL(periods, control<QLineEdit>("txtPeriods"));
         QVERIFY(periods->isVisible());
         periods->setText(QStringLiteral("7"));
         QTest::keyClick(periods, Qt::Key_Escape);
@@ -225,10 +266,10 @@ private slots:
         QCOMPARE(m_form->focusWidget(), grid());
 
         m_messages.expectQuestion(question, false);
-        QTest::keyClick(grid(), Qt::Key_Escape);
+        key("msgDetails", Qt::Key_Escape);
         QVERIFY(m_form->isVisible());
         m_messages.expectQuestion(question, true);
-        QTest::keyClick(combo("cboTeacher"), Qt::Key_Escape);
+        key("cboTeacher", Qt::Key_Escape);
         QVERIFY(!m_form->isVisible());
     }
 
@@ -245,11 +286,11 @@ private slots:
 
         m_messages.expectInformation(CannotEdit);
         clickCell(0, ClassName);
-        QVERIFY(!combo("cboClass")->isVisible());
+        QVERIFY(!visible("cboClass"));
         clickCell(0, Periods);
         m_messages.expectInformation(CannotReduce);
         typePeriods("1");
-        QVERIFY(control<QLineEdit>("txtPeriods")->isVisible());
+        QVERIFY(visible("txtPeriods"));
         QCOMPARE(cell(0, Periods).toInt(), storedPeriods(teacher, key[0], key[1], key[2]));
         typePeriods("2");
         QCOMPARE(cell(0, Periods), QStringLiteral("2"));
@@ -261,7 +302,7 @@ private slots:
         place(teacher, gridRowOf(key[0], key[1], key[2]), 3);
         m_messages.expectInformation(QStringLiteral("Timetable Entry Exists For More Periods Than The Entered 'Periods'\nSo You Cannot Save This WorkAllotment Entry"));
         click("cmdSave");
-        QVERIFY(control<QPushButton>("cmdNew")->isEnabled());
+        QVERIFY(enabled("cmdNew"));
         QCOMPARE(storedPeriods(teacher, key[0], key[1], key[2]), 2);
     }
 
@@ -276,7 +317,7 @@ private slots:
         const int keptPeriods = cell(1, Periods).toInt();
         clickCell(1, Periods);
         typePeriods(QString::number(keptPeriods - 1));
-        control<QLineEdit>("txtDeleteSlNo")->setText(QStringLiteral("1"));
+        setText("txtDeleteSlNo", QStringLiteral("1"));
         m_messages.expectQuestion(QStringLiteral("Do You Want To Delete Sl.No. 1 ?"), true);
         click("cmdDeleteRow");
         m_store->exec(QStringLiteral("INSERT INTO TimeTable VALUES (?, ?, 1, 1, ?, ?, 'M', '', '', '')"),
@@ -289,11 +330,11 @@ private slots:
         // The grid itself refuses to let such a row go.
         openTeacher(teacher);
         const int slNo = gridRowOf(dropped[0], dropped[1], dropped[2]) + 1;
-        control<QLineEdit>("txtDeleteSlNo")->setText(QString::number(slNo));
+        setText("txtDeleteSlNo", QString::number(slNo));
         m_messages.expectQuestion(QStringLiteral("Do You Want To Delete Sl.No. %1 ?").arg(slNo), true);
         m_messages.expectInformation(QStringLiteral("TimeTable Entry Exists For This Row\nSo You Cannot Delete This Row"));
         click("cmdDeleteRow");
-        QCOMPARE(grid()->rowCount(), rows + 1);
+        QCOMPARE(gridRows(), rows + 1);
     }
 
     // An Edit writes the plain rows again; the group rows keep their marks and periods.
@@ -342,7 +383,7 @@ private slots:
         openTeacher(teacher, false);
         QCOMPARE(label("lblAllotedPeriods").toInt(), counts ? all : all - generatedPeriods);
         int shown = 0;
-        for (int r = 0; r + 1 < grid()->rowCount(); ++r)
+        for (int r = 0; r + 1 < gridRows(); ++r)
             shown += cell(r, groupColumn).toInt() > 0 ? 1 : 0;
         QVERIFY(shown >= 1);
     }
@@ -379,8 +420,8 @@ private slots:
         for (int column : {int(ClassName), int(Periods)}) {
             m_messages.expectInformation(message);
             clickCell(row, column);
-            QVERIFY(!combo("cboClass")->isVisible());
-            QVERIFY(!control<QLineEdit>("txtPeriods")->isVisible());
+            QVERIFY(!visible("cboClass"));
+            QVERIFY(!visible("txtPeriods"));
         }
     }
 
@@ -399,7 +440,7 @@ private slots:
         pick("cboSubject", "English"); // another teacher's stored row
         QVERIFY(cell(1, SubjectCode).isEmpty());
         pick("cboSubject", "Moral Science");
-        QVERIFY(control<QLineEdit>("txtPeriods")->isVisible());
+        QVERIFY(visible("txtPeriods"));
     }
 
     void deleteWholeList_data()
@@ -440,7 +481,7 @@ private slots:
         m_messages.expectInformation(QStringLiteral("Record Deleted"));
         click("cmdDelete");
         QCOMPARE(rowCountOf(teacher), 0);
-        QVERIFY(control<QPushButton>("cmdNew")->isEnabled());
+        QVERIFY(enabled("cmdNew"));
     }
 
     void saveRefusals()
@@ -453,11 +494,12 @@ private slots:
         chooseTeacher(NewTeacher);
         m_messages.expectInformation(QStringLiteral("Enter WorkAllotment Details"));
         click("cmdSave");
-        QVERIFY(combo("cboClass")->isVisible());
+        QVERIFY(visible("cboClass"));
         pick("cboClass", "VII");
         m_messages.expectInformation(QStringLiteral("Enter Details Properly"));
         click("cmdSave");
-        QCOMPARE(grid()->currentColumn(), int(ClassName));
+        FIND_OR_FAIL(details, grid());
+        QCOMPARE(details->currentColumn(), int(ClassName));
         QCOMPARE(rowCountOf(NewTeacher), 0);
     }
 
@@ -470,11 +512,13 @@ private slots:
         openTeacher(teacher);
         m_messages.expectInformation(QStringLiteral("'Alloted Periods' Should Not Exceed 'No.Of Working Periods'"));
         click("cmdSave");
-        QVERIFY(control<QPushButton>("cmdSave")->isEnabled());
+        QVERIFY(enabled("cmdSave"));
     }
 
     void addButtonsOpenMastersAndListsFollow()
     {
+        FIND_OR_FAIL(teachers, combo("cboTeacher"));
+        FIND_OR_FAIL(subjects, combo("cboSubject"));
         RecordingHost host;
         m_store->context().host = &host;
         QMdiArea area;
@@ -494,8 +538,8 @@ private slots:
                                      "NULL, '', '', '', 1, '', '', 0, '', 10, 100, 0, 0, 0, 0)"));
         m_store->exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (50, 'Astronomy', 'AST')"));
         area.setActiveSubWindow(own);
-        QVERIFY(combo("cboTeacher")->findText(QStringLiteral("Aaron Added")) > 0);
-        QVERIFY(combo("cboSubject")->findData(50) > 0);
+        QVERIFY(teachers->findText(QStringLiteral("Aaron Added")) > 0);
+        QVERIFY(subjects->findData(50) > 0);
         m_store->context().host = nullptr;
     }
 };

@@ -29,7 +29,7 @@ QWidget *activeScreen(mdiTimeTable *main)
 
 void type(QWidget *screen, const char *name, const QString &text)
 {
-    auto *field = findControl<QLineEdit>(screen, name);
+    FIND_OR_FAIL(field, findControl<QLineEdit>(screen, name));
     field->setFocus();
     field->selectAll();
     QTest::keyClicks(field, text);
@@ -37,22 +37,25 @@ void type(QWidget *screen, const char *name, const QString &text)
 
 void choose(QWidget *screen, const char *name, const QString &text)
 {
-    auto *combo = findControl<QComboBox>(screen, name);
+    FIND_OR_FAIL(combo, findControl<QComboBox>(screen, name));
     combo->setCurrentIndex(combo->findText(text));
     QVERIFY2(combo->currentIndex() >= 0, name);
 }
 
 void click(QWidget *screen, const char *name)
 {
-    QTest::mouseClick(findControl<QPushButton>(screen, name), Qt::LeftButton);
+    FIND_OR_FAIL(button, findControl<QPushButton>(screen, name));
+    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 void logIn(Shell &shell, const QString &login, const QString &password)
 {
     QTRY_VERIFY(shell.loginScreen() != nullptr);
     frmStartLogin *screen = shell.loginScreen();
-    findControl<QLineEdit>(screen, "txtLoginID")->setText(login);
-    findControl<QLineEdit>(screen, "txtPassword")->setText(password);
+    FIND_OR_FAIL(loginId, findControl<QLineEdit>(screen, "txtLoginID"));
+    FIND_OR_FAIL(passwordField, findControl<QLineEdit>(screen, "txtPassword"));
+    loginId->setText(login);
+    passwordField->setText(password);
     click(screen, "ImgOK");
 }
 
@@ -61,11 +64,17 @@ QAction *menuEntry(mdiTimeTable *main, const char *name)
     return findControl<QAction>(main->menuBar(), name);
 }
 
+bool entryEnabled(mdiTimeTable *main, const char *name)
+{
+    FIND_OR_FAIL(action, menuEntry(main, name), false);
+    return action->isEnabled();
+}
+
 // Opens a screen through its menu entry, as the office does, and returns it once it is in front.
 QWidget *openFromMenu(mdiTimeTable *main, const char *entry)
 {
     QAction *action = menuEntry(main, entry);
-    if (!action->isEnabled())
+    if (!action || !action->isEnabled())
         return nullptr;
     action->trigger();
     return activeScreen(main);
@@ -94,7 +103,7 @@ private slots:
         logIn(shell, QStringLiteral("anyone"), QStringLiteral("anything"));
         mdiTimeTable *main = shell.mainWindow();
         QVERIFY(main);
-        QVERIFY(!menuEntry(main, "mnuMasters")->isEnabled());
+        QVERIFY(!entryEnabled(main, "mnuMasters"));
         QTRY_VERIFY(activeScreen(main) && activeScreen(main)->objectName() == QLatin1String("frmSchoolSetup"));
 
         QWidget *setup = activeScreen(main);
@@ -104,6 +113,7 @@ private slots:
         // The state and the city are added from School Setup itself, as a new office must.
         click(setup, "cmdAddState");
         QWidget *states = activeScreen(main);
+        QVERIFY(states);
         QCOMPARE(states->objectName(), QStringLiteral("frmStateMaster"));
         click(states, "cmdNew");
         type(states, "txtStateName", QStringLiteral("Kerala"));
@@ -114,6 +124,7 @@ private slots:
         choose(setup, "dbcStateName", QStringLiteral("Kerala"));
         click(setup, "cmdAddCityName");
         QWidget *cities = activeScreen(main);
+        QVERIFY(cities);
         click(cities, "cmdNew");
         choose(cities, "dbcStateName", QStringLiteral("Kerala"));
         type(cities, "txtCityName", QStringLiteral("Kochi"));
@@ -131,7 +142,8 @@ private slots:
         click(setup, "cmdPeriodDetails");
         for (const char *minutes : {"45", "45"}) {
             type(setup, "txtDurationInMinutes", QString::fromLatin1(minutes));
-            QTest::keyClick(findControl<QLineEdit>(setup, "txtDurationInMinutes"), Qt::Key_Return);
+            FIND_OR_FAIL(duration, findControl<QLineEdit>(setup, "txtDurationInMinutes"));
+            QTest::keyClick(duration, Qt::Key_Return);
         }
         click(setup, "cmdClose");
         messages.expectInformation(QStringLiteral("Record Saved"));
@@ -151,13 +163,13 @@ private slots:
         QWidget *privileges = openFromMenu(main, "mnufrmUtilUserPrivilegeMaster");
         QVERIFY(privileges && privileges->objectName() == QLatin1String("frmUtilUserPrivilegeMaster"));
         click(privileges, "cmdNew");
-        auto *user = findControl<QComboBox>(privileges, "dbcUserName");
+        FIND_OR_FAIL(user, findControl<QComboBox>(privileges, "dbcUserName"));
         user->setCurrentIndex(user->findText(QStringLiteral("Office Head")));
         emit user->activated(user->currentIndex());
         type(privileges, "txtLoginID", QStringLiteral("head"));
         type(privileges, "txtPassword", QStringLiteral("Pass 1"));
         type(privileges, "txtRePassword", QStringLiteral("Pass 1"));
-        auto *tree = findControl<QTreeWidget>(privileges, "tvwDisplay");
+        FIND_OR_FAIL(tree, findControl<QTreeWidget>(privileges, "tvwDisplay"));
         for (int top = 0; top < tree->topLevelItemCount(); ++top)
             tree->topLevelItem(top)->setCheckState(0, Qt::Checked);
         messages.expectInformation(QStringLiteral("Record Saved"));

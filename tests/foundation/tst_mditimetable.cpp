@@ -160,8 +160,9 @@ private slots:
         QVERIFY(timer && timer->isActive());
         QCOMPARE(timer->interval(), 1000);
         store.exec(QStringLiteral("UPDATE ExamBoardMaster SET Status = 'X'"));
+        // The one-second timer puts the status back; a busy machine may hold its first tick back for a while.
         QTRY_COMPARE_WITH_TIMEOUT(store.scalar(QStringLiteral("SELECT Status FROM ExamBoardMaster")),
-                                  QVariant(QStringLiteral("A")), 3000);
+                                  QVariant(QStringLiteral("A")), 20000);
 
         // The frame cannot close the program.
         messages.expectInformation(QStringLiteral("If You Want To Close 'Zarlo - TimeTable', Click On The Close Menu"));

@@ -1,6 +1,7 @@
 #include "scriptedmessages.h"
 #include "screen.h"
 #include "session.h"
+#include "storeerror.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -192,6 +193,50 @@ private slots:
         QVERIFY(!Screen::ConfirmExit(ctx, QStringLiteral("State Master")));
         QCOMPARE(messages.shown().last().title, QStringLiteral("State Master"));
         QVERIFY2(messages.done(), messages.report());
+    }
+
+    // A failing step is said in one box, with the wait cursor put back; a step that fails each time the screen
+    // comes forward is said once until it has run through again.
+    void guardedSaysAStoreError()
+    {
+        ScriptedMessages messages;
+        AppContext ctx;
+        ctx.messages = &messages;
+        const auto fail = [] { throw StoreError(QStringLiteral("disk I/O error")); };
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        messages.expectCritical(QStringLiteral("disk I/O error"));
+        QVERIFY(!Screen::guarded(ctx, fail));
+        QVERIFY(!QApplication::overrideCursor());
+        QVERIFY(Screen::guarded(ctx, [] {}));
+
+        bool failing = false;
+        messages.expectCritical(QStringLiteral("disk I/O error"));
+        QVERIFY(!Screen::guardedOnce(ctx, failing, fail));
+        QVERIFY(!Screen::guardedOnce(ctx, failing, fail)); // no second box
+        QVERIFY(Screen::guardedOnce(ctx, failing, [] {}));
+        messages.expectCritical(QStringLiteral("disk I/O error"));
+        QVERIFY(!Screen::guardedOnce(ctx, failing, fail));
+        QVERIFY2(messages.done(), messages.report());
+    }
+
+    // Coming forward is its window's activation, or inside the main window its child window's.
+    void comingForwardRunsTheStep()
+    {
+        QMdiArea area;
+        auto *screen = new QWidget;
+        int steps = 0;
+        Screen::onComeForward(screen, [&steps] { ++steps; });
+        QMdiSubWindow *own = area.addSubWindow(screen);
+        QMdiSubWindow *other = area.addSubWindow(new QWidget);
+        area.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&area));
+        area.setActiveSubWindow(other);
+        steps = 0;
+        area.setActiveSubWindow(own);
+        QCOMPARE(steps, 1);
+        QEvent activate(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(screen, &activate);
+        QCOMPARE(steps, 2);
     }
 
     void entryButtonStates_data()

@@ -38,27 +38,42 @@ private:
     }
     QPushButton *button(const char *name) { return control<QPushButton>(name); }
     QTableWidget *grid(const char *name) { return control<QTableWidget>(name); }
-    void click(const char *name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+    void click(const char *name)
+    {
+        FIND_OR_FAIL(b, button(name));
+        QTest::mouseClick(b, Qt::LeftButton);
+    }
     void clickCell(const char *name, int row, int column)
     {
-        QTableWidget *g = grid(name);
+        FIND_OR_FAIL(g, grid(name));
         QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, g->visualRect(g->model()->index(row, column)).center());
     }
     QString cell(const char *name, int row, int column)
     {
-        QTableWidgetItem *item = grid(name)->item(row, column);
+        FIND_OR_FAIL(g, grid(name), QString());
+        QTableWidgetItem *item = g->item(row, column);
         return item ? item->text() : QString();
+    }
+    int rows(const char *name)
+    {
+        FIND_OR_FAIL(g, grid(name), -1);
+        return g->rowCount();
+    }
+    QString text(const char *name)
+    {
+        FIND_OR_FAIL(label, control<QLabel>(name), QString());
+        return label->text();
     }
     void answer(const QString &text)
     {
-        auto *combo = control<QComboBox>("cboUniformPeriod");
+        FIND_OR_FAIL(combo, control<QComboBox>("cboUniformPeriod"));
         combo->setCurrentIndex(combo->findText(text));
         emit combo->activated(combo->currentIndex());
     }
     // Types a name into the floating combo and presses Enter, as the user does.
     void choose(const char *comboName, const QString &name)
     {
-        auto *combo = control<QComboBox>(comboName);
+        FIND_OR_FAIL(combo, control<QComboBox>(comboName));
         QVERIFY(combo->isVisible());
         combo->setEditText(name);
         QTest::keyClick(combo->lineEdit(), Qt::Key_Return);
@@ -71,7 +86,16 @@ private:
         m_form->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_form));
     }
-    bool enabled(const char *name) { return button(name)->isEnabled(); }
+    bool enabled(const char *name)
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isEnabled();
+    }
+    bool visible(const char *name)
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isVisible();
+    }
 
 private slots:
     void init()
@@ -103,13 +127,13 @@ private slots:
         click("cmdSave");
 
         answer(QStringLiteral("NO"));
-        QVERIFY(control<QGroupBox>("Frame3")->isEnabled());
+        QVERIFY(enabled("Frame3"));
         choose("cboTeacher", QStringLiteral("teacher 1"));
         QCOMPARE(cell("msgTeacherDetails", 0, 0), QStringLiteral("Teacher 1"));
         m_messages.expectInformation(QStringLiteral("Teacher Already Selected"));
         choose("cboTeacher", QStringLiteral("Teacher 1"));
         choose("cboTeacher", QStringLiteral("Teacher 3"));
-        QCOMPARE(grid("msgTeacherDetails")->rowCount(), 3); // two names and the spare row
+        QCOMPARE(rows("msgTeacherDetails"), 3); // two names and the spare row
 
         clickCell("msgTeacherDetails", 0, 2);
         QCOMPARE(cell("msgTeacherDetails", 0, 2), QStringLiteral("No"));
@@ -127,10 +151,11 @@ private slots:
                  QStringLiteral("Teacher 1:No:1:1,Teacher 3::0:0"));
         QVERIFY(enabled("cmdEdit") && enabled("cmdDelete") && enabled("cmdProcess"));
         QVERIFY(!enabled("cmdNew") && !enabled("cmdSave"));
-        QVERIFY(!control<QGroupBox>("Frame3")->isEnabled());
+        QVERIFY(!enabled("Frame3"));
 
         open();
-        QCOMPARE(control<QComboBox>("cboUniformPeriod")->currentText(), QStringLiteral("NO"));
+        FIND_OR_FAIL(uniform, control<QComboBox>("cboUniformPeriod"));
+        QCOMPARE(uniform->currentText(), QStringLiteral("NO"));
         QCOMPARE(cell("msgTeacherDetails", 0, 2), QStringLiteral("No"));
         QCOMPARE(cell("msgTeacherDetails", 1, 0), QStringLiteral("Teacher 3"));
     }
@@ -153,11 +178,11 @@ private slots:
         allot(*m_store, 3, 1, 2, 2, 5);
         clickCell("msgSubjectDetails", 0, 0);
         choose("cboSubject", QStringLiteral("Subject 2"));
-        QCOMPARE(grid("msgSubjectTeacherCheck")->rowCount(), 2);
+        QCOMPARE(rows("msgSubjectTeacherCheck"), 2);
         QCOMPARE(cell("msgSubjectTeacherCheck", 0, 1) + cell("msgSubjectTeacherCheck", 0, 2), QStringLiteral("Teacher 212"));
         clickCell("msgSubjectDetails", 0, 0);
         choose("cboSubject", QStringLiteral("Subject 3"));
-        QCOMPARE(grid("msgSubjectTeacherCheck")->rowCount(), 0);
+        QCOMPARE(rows("msgSubjectTeacherCheck"), 0);
         choose("cboSubject", QStringLiteral("Subject 2"));
         choose("cboSubject", QStringLiteral("Subject 1"));
         choose("cboSubject", QStringLiteral("Subject 4"));
@@ -185,8 +210,8 @@ private slots:
         allot(*m_store, 1, 1, 1, 1, 5);
         click("cmdNew");
         answer(QStringLiteral("YES"));
-        QVERIFY(control<QGroupBox>("Frame3")->isEnabled());
-        QVERIFY(!control<QGroupBox>("fraValidity")->isVisible());
+        QVERIFY(enabled("Frame3"));
+        QVERIFY(!visible("fraValidity"));
         choose("cboTeacher", QStringLiteral("Teacher 1"));
         m_messages.expectInformation(QStringLiteral("Teacher Teacher 1 Is Alloted As Class Teacher In This Period.\n"
                                                     "Hence He/She Cannot Be Free During This Period"));
@@ -195,24 +220,24 @@ private slots:
                                                  "Settings.\nDo You Want To Proceed ?"),
                                   true);
         answer(QStringLiteral("YES"));
-        QCOMPARE(grid("msgTeacherDetails")->rowCount(), 1);
+        QCOMPARE(rows("msgTeacherDetails"), 1);
 
         // Other teachers hold I-A's period 1 on three days: five uniform periods no longer fit.
         place(*m_store, 1, 1, 1, 1, 2, 2, "M");
         place(*m_store, 1, 1, 2, 1, 3, 3, "M");
         place(*m_store, 1, 1, 3, 1, 4, 4, "M");
         answer(QStringLiteral("YES"));
-        QVERIFY(control<QGroupBox>("fraValidity")->isVisible());
-        QVERIFY(!control<QGroupBox>("Frame3")->isEnabled() && !control<QWidget>("Frame4")->isEnabled());
-        QTableWidget *validity = grid("msgValidity");
+        QVERIFY(visible("fraValidity"));
+        QVERIFY(!enabled("Frame3") && !enabled("Frame4"));
+        FIND_OR_FAIL(validity, grid("msgValidity"));
         QCOMPARE(validity->item(0, 0)->text(), QStringLiteral("Teacher 1"));
         QCOMPARE(validity->item(0, 1)->text(), QStringLiteral("5"));
         QCOMPARE(validity->item(0, 1)->background().color(), QColor(255, 200, 200));
         QCOMPARE(validity->item(1, 1)->background().style(), Qt::NoBrush);
         click("cmdClose");
-        QVERIFY(!control<QGroupBox>("fraValidity")->isVisible());
-        QVERIFY(control<QLabel>("lblExit")->isVisible());
-        QVERIFY(!control<QWidget>("Frame4")->isEnabled());
+        QVERIFY(!visible("fraValidity"));
+        QVERIFY(visible("lblExit"));
+        QVERIFY(!enabled("Frame4"));
         // Only Esc leaves the screen now, through Exit: the screen holds the focus for it.
         QCOMPARE(m_form->focusWidget(), m_form);
         QTest::keyClick(m_form, Qt::Key_Escape);
@@ -227,7 +252,7 @@ private slots:
         click("cmdSave");
         click("cmdEdit");
         QVERIFY(!enabled("cmdEdit") && !enabled("cmdDelete") && !enabled("cmdProcess") && enabled("cmdSave"));
-        QVERIFY(control<QGroupBox>("Frame3")->isEnabled());
+        QVERIFY(enabled("Frame3"));
         clickCell("msgTeacherDetails", 0, 0);
         choose("cboTeacher", QStringLiteral("Teacher 2"));
         m_messages.expectInformation(QStringLiteral("Record Updated"));
@@ -244,7 +269,7 @@ private slots:
         QCOMPARE(m_store->count(QStringLiteral("ClasswiseNoOfWorkingDays")), 0);
         QVERIFY(!m_store->scalar(QStringLiteral("SELECT 1 FROM sqlite_master WHERE name = 'AGP1TeacherDetails'")).isValid());
         QVERIFY(enabled("cmdNew") && !enabled("cmdEdit"));
-        QCOMPARE(grid("msgTeacherDetails")->rowCount(), 1);
+        QCOMPARE(rows("msgTeacherDetails"), 1);
     }
 
     void processPlacesTheSetTeachersAndLocksTheSettings()
@@ -271,13 +296,14 @@ private slots:
         QCOMPARE(m_store->scalar(QStringLiteral("SELECT PIStatus FROM TTCode")).toString(), QStringLiteral("Y"));
         QVERIFY(!enabled("cmdProcess") && !enabled("cmdEdit") && !enabled("cmdDelete"));
         // The run's figures stay once its closing message is read: all 4 periods of the work list placed.
-        QCOMPARE(control<QProgressBar>("prgDisplay")->value(), 4);
-        QCOMPARE(control<QProgressBar>("prgDisplay")->maximum(), 4);
-        QCOMPARE(control<QLabel>("lblProgress")->text(), QStringLiteral("100"));
-        QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("57.1")); // 4 of 7
+        FIND_OR_FAIL(progress, control<QProgressBar>("prgDisplay"));
+        QCOMPARE(progress->value(), 4);
+        QCOMPARE(progress->maximum(), 4);
+        QCOMPARE(text("lblProgress"), QStringLiteral("100"));
+        QCOMPARE(text("lblAchieved"), QStringLiteral("57.1")); // 4 of 7
 
         click("cmdTimeTablePercentage");
-        QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("57.1"));
+        QCOMPARE(text("lblAchieved"), QStringLiteral("57.1"));
     }
 
     void checkBeforeGenerationAndCompletionNeedPhaseOne()
@@ -295,10 +321,12 @@ private slots:
 
     void cancelStopsARunAndGivesTheScreenBack()
     {
-        auto *cancel = button("cmdCancelRun");
+        FIND_OR_FAIL(cancel, button("cmdCancelRun"));
+        FIND_OR_FAIL(progress, control<QProgressBar>("prgDisplay"));
+        FIND_OR_FAIL(percent, control<QLabel>("lblProgress"));
+        FIND_OR_FAIL(achieved, control<QLabel>("lblAchieved"));
         QVERIFY(!cancel->isEnabled());
-        RunProgress run(m_form, control<QProgressBar>("prgDisplay"), control<QLabel>("lblProgress"),
-                        control<QLabel>("lblAchieved"), cancel);
+        RunProgress run(m_form, progress, percent, achieved, cancel);
         const GenerationSettings settings = run.start();
         QVERIFY(cancel->isEnabled() && !enabled("cmdExit"));
         QVERIFY(!settings.cancelRequested());

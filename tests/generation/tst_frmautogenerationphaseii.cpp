@@ -67,15 +67,29 @@ private:
     {
         return findControl<T>(m_screen.get(), name);
     }
-    void click(const char *name) { QTest::mouseClick(control(name), Qt::LeftButton); }
+    void click(const char *name)
+    {
+        FIND_OR_FAIL(button, control(name));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    bool enabled(const char *name) const
+    {
+        FIND_OR_FAIL(button, control(name), false);
+        return button->isEnabled();
+    }
+    QString text(const char *name) const
+    {
+        FIND_OR_FAIL(label, control<QLabel>(name), QString());
+        return label->text();
+    }
     void openScreen()
     {
         m_screen = std::make_unique<frmAutoGenerationPhaseII>(m_store->context());
         m_screen->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_screen.get()));
     }
-    bool processOn() const { return control("cmdProcess")->isEnabled(); }
-    bool fixOn() const { return control("cmdFixBalancePeriods")->isEnabled(); }
+    bool processOn() const { return enabled("cmdProcess"); }
+    bool fixOn() const { return enabled("cmdFixBalancePeriods"); }
 
 private slots:
     void init()
@@ -148,7 +162,7 @@ private slots:
         QCOMPARE(m_screen->windowTitle(), QStringLiteral("Auto Generation Phase-II"));
         QVERIFY(processOn());
         QVERIFY(!fixOn());
-        auto *bar = control<QProgressBar>("prgDisplay");
+        FIND_OR_FAIL(bar, control<QProgressBar>("prgDisplay"));
         m_messages.bar = bar;
 
         const QString notFilled = QStringLiteral("Few Periods Are Not Filled. It Can Be Done Manually In 'Manual Periods Entry' Or ");
@@ -159,13 +173,15 @@ private slots:
         QCOMPARE(m_host->opened, QStringList{"frmPendingPeriods"});
         QPointer<frmPendingPeriods> pending = PendingHost::window();
         QVERIFY(pending);
-        auto *grid = pending->findChild<QTableWidget *>(QStringLiteral("msgDetails"));
+        FIND_OR_FAIL(grid, findControl<QTableWidget>(pending, "msgDetails"));
         QCOMPARE(grid->rowCount(), 1);
         QCOMPARE(grid->item(0, 3)->text(), QStringLiteral("Teacher 1"));
         QCOMPARE(grid->item(0, 5)->text(), QStringLiteral("3"));
-        QCOMPARE(pending->findChild<QLabel *>(QStringLiteral("lblNotFilledPeriods"))->text(), QStringLiteral("3"));
+        FIND_OR_FAIL(notFilledPeriods, findControl<QLabel>(pending, "lblNotFilledPeriods"));
+        QCOMPARE(notFilledPeriods->text(), QStringLiteral("3"));
         // The reason, and the count that proves that no week can hold the teacher's periods.
-        const QStringList reason = pending->findChild<QPlainTextEdit *>(QStringLiteral("txtReason"))->toPlainText().split('\n');
+        FIND_OR_FAIL(reasonBox, findControl<QPlainTextEdit>(pending, "txtReason"));
+        const QStringList reason = reasonBox->toPlainText().split('\n');
         QCOMPARE(reason.mid(0, 3),
                  QStringList({QStringLiteral("No Period Is Free For Both The Class And The Teacher"),
                               QStringLiteral("The Teacher Has No Free Period Left In The Week"),
@@ -177,10 +193,10 @@ private slots:
         QCOMPARE(m_messages.barBehindBoxes, (QList<int>{2, 2}));
         QCOMPARE(bar->value(), 2);
         QCOMPARE(bar->maximum(), 5);
-        QCOMPARE(control<QLabel>("lblProgress")->text(), QStringLiteral("40"));
-        QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("90.9"));
+        QCOMPARE(text("lblProgress"), QStringLiteral("40"));
+        QCOMPARE(text("lblAchieved"), QStringLiteral("90.9"));
         click("cmdTotalAchieved");
-        QCOMPARE(control<QLabel>("lblAchieved")->text(), QStringLiteral("90.9")); // 30 of 33
+        QCOMPARE(text("lblAchieved"), QStringLiteral("90.9")); // 30 of 33
 
         m_messages.expectQuestion(Tally, true).expectQuestion(FixQuestion, true)
             .expectInformation(QStringLiteral("Fixing Of Balance Period Process Done"))
@@ -247,12 +263,16 @@ private slots:
             else
                 m_messages.expectInformation(box.mid(2));
         }
-        QTest::mouseClick(control(qPrintable(button)), Qt::LeftButton);
+        click(qPrintable(button));
         QTEST(m_host->opened, "opened");
         QTEST(processOn(), "processAfter");
         QTEST(fixOn(), "fixAfter");
-        frmPendingPeriods *pending = PendingHost::window();
-        QTEST(pending ? pending->findChild<QTableWidget *>(QStringLiteral("msgDetails"))->rowCount() : -1, "pendingRows");
+        int pendingRows = -1;
+        if (frmPendingPeriods *pending = PendingHost::window()) {
+            FIND_OR_FAIL(details, findControl<QTableWidget>(pending, "msgDetails"));
+            pendingRows = details->rowCount();
+        }
+        QTEST(pendingRows, "pendingRows");
         if (setup == 4) {
             QCOMPARE(CurrentPendingView(), PendingView::PhaseTwo);
             QCOMPARE(store.scalar(QStringLiteral("SELECT P2Insert FROM AutoGenPhase2")).toInt(), 2);

@@ -31,16 +31,29 @@ private:
     {
         return findControl<T>(m_form.get(), name);
     }
-    QString label(const char *name) const { return control<QLabel>(name)->text(); }
+    QString label(const char *name) const
+    {
+        FIND_OR_FAIL(label, control<QLabel>(name), QString());
+        return label->text();
+    }
     QStringList row(int r) const
     {
+        FIND_OR_FAIL(grid, control<QTableWidget>("msgDetails"), QStringList());
         QStringList cells;
-        auto *grid = control<QTableWidget>("msgDetails");
         for (int c = 0; c < grid->columnCount(); ++c)
-            cells << grid->item(r, c)->text();
+            cells << (grid->item(r, c) ? grid->item(r, c)->text() : QString());
         return cells;
     }
-    QString reason() const { return control<QPlainTextEdit>("txtReason")->toPlainText(); }
+    QString reason() const
+    {
+        FIND_OR_FAIL(reason, control<QPlainTextEdit>("txtReason"), QString());
+        return reason->toPlainText();
+    }
+    void click(const char *name)
+    {
+        FIND_OR_FAIL(button, control(name));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
     void comeForward()
     {
         QEvent activate(QEvent::WindowActivate);
@@ -85,9 +98,11 @@ private slots:
 
     void listsTheBalanceAndWhy()
     {
+        FIND_OR_FAIL(details, control<QTableWidget>("msgDetails"));
+        FIND_OR_FAIL(exportButton, control("cmdExport"));
         QCOMPARE(m_form->windowTitle(), QStringLiteral("Pending Periods Yet To Be Allotted"));
-        QCOMPARE(control("cmdExport")->toolTip(), QStringLiteral("Export To EXCEL"));
-        QCOMPARE(control<QTableWidget>("msgDetails")->rowCount(), 2);
+        QCOMPARE(exportButton->toolTip(), QStringLiteral("Export To EXCEL"));
+        QCOMPARE(details->rowCount(), 2);
         QCOMPARE(row(0), (QStringList{"1", "I", "A", "Teacher 1", "Subject 1", "2"}));
         QCOMPARE(row(1), (QStringList{"2", "I", "A", "Teacher 2", "Subject 2", "2"}));
         QCOMPARE(label("lblTotal"), QStringLiteral("4"));
@@ -98,7 +113,7 @@ private slots:
         // Without a free-period type the generator refuses every period of the teacher.
         const QString refused = QStringLiteral("The Teacher's Free Period Type Refuses Every Period : ");
         QVERIFY2(reason().contains(refused + QStringLiteral("27")), qPrintable(reason()));
-        control<QTableWidget>("msgDetails")->selectRow(1);
+        details->selectRow(1);
         QVERIFY(reason().startsWith(QStringLiteral("27 Periods Are Free For Both The Class And The Teacher")));
 
         // Coming forward lists afresh, for the view its opener chose, and keeps the selected line.
@@ -107,21 +122,21 @@ private slots:
         comeForward();
         QCOMPARE(row(1).last(), QStringLiteral("1"));
         QCOMPARE(label("lblNotFilledPeriods"), QStringLiteral("3"));
-        QCOMPARE(control<QTableWidget>("msgDetails")->currentRow(), 1);
+        QCOMPARE(details->currentRow(), 1);
         QVERIFY2(reason().startsWith(QStringLiteral("26 Periods")), qPrintable(reason()));
 
         SetPendingView(PendingView::PhaseOne); // AutoGenPhase1 was never built
         comeForward();
-        QCOMPARE(control<QTableWidget>("msgDetails")->rowCount(), 0);
+        QCOMPARE(details->rowCount(), 0);
         QCOMPARE(label("lblTotal"), QStringLiteral("0"));
         QCOMPARE(reason(), QString());
-        QTest::mouseClick(control("cmdExport"), Qt::LeftButton); // nothing pending: nothing to export
+        QTest::mouseClick(exportButton, Qt::LeftButton); // nothing pending: nothing to export
         QVERIFY(m_launcher.documents.isEmpty());
     }
 
     void exportWritesTheGrid()
     {
-        QTest::mouseClick(control("cmdExport"), Qt::LeftButton);
+        click("cmdExport");
         QCOMPARE(m_launcher.documents.size(), 1);
         const SheetXml sheet = SheetXml::read(m_launcher.documents.first());
         QVERIFY2(sheet.error.isEmpty(), qPrintable(sheet.error));
@@ -139,7 +154,7 @@ private slots:
                                               QStringLiteral("Do You Want To Open Its Folder ?")}
                                       .join(QLatin1Char('\n')),
                                   false);
-        QTest::mouseClick(control("cmdExport"), Qt::LeftButton);
+        click("cmdExport");
         QVERIFY(QFile::exists(second));
     }
 
@@ -147,7 +162,7 @@ private slots:
     void exitDoesNotAsk()
     {
         m_store->context().session.confirmExit = true;
-        QTest::mouseClick(control("cmdExit"), Qt::LeftButton);
+        click("cmdExit");
         QVERIFY(!m_form->isVisible());
     }
 };

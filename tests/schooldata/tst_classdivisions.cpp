@@ -18,7 +18,7 @@ ClassRow classRow(const QString &name, const QString &count, const QString &orde
 QStringList divisionNames(const ClassRow &row)
 {
     QStringList names;
-    for (const DivisionRow &division : row.divisions)
+    for (const CodeName &division : row.divisions)
         names.append(division.name);
     return names;
 }

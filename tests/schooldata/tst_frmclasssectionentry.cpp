@@ -20,7 +20,7 @@ QStringList stored(const TestStore &store)
     QStringList list;
     for (const ClassRow &row : ClassDivisionStore(store.db()).load()) {
         QStringList names;
-        for (const DivisionRow &division : row.divisions)
+        for (const CodeName &division : row.divisions)
             names.append(division.name);
         list.append(QStringLiteral("%1:%2:%3:%4").arg(row.name, row.divisionText, row.orderText, names.join(',')));
     }
@@ -59,7 +59,26 @@ private:
     QLineEdit *field(const char *name) const { return find<QLineEdit>(name); }
     QTableWidget *classes() const { return find<QTableWidget>("msgClassDetails"); }
     QTableWidget *divisions() const { return find<QTableWidget>("msgDivisionDetails"); }
-    void click(const char *button) { QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton); }
+    void click(const char *button)
+    {
+        FIND_OR_FAIL(pressed, find<QPushButton>(button));
+        QTest::mouseClick(pressed, Qt::LeftButton);
+    }
+    void key(const char *name, Qt::Key key)
+    {
+        FIND_OR_FAIL(box, field(name));
+        QTest::keyClick(box, key);
+    }
+    void setText(const char *name, const QString &text)
+    {
+        FIND_OR_FAIL(box, field(name));
+        box->setText(text);
+    }
+    bool enabled(const char *name) const
+    {
+        FIND_OR_FAIL(widget, find<QWidget>(name), false);
+        return widget->isEnabled();
+    }
 
     void open()
     {
@@ -71,7 +90,7 @@ private:
     // Types over what the box holds and presses Enter, as a user does.
     void enter(const char *name, const QString &text)
     {
-        QLineEdit *box = field(name);
+        FIND_OR_FAIL(box, field(name));
         box->clear();
         QTest::keyClicks(box, text);
         QTest::keyClick(box, Qt::Key_Return);
@@ -81,16 +100,20 @@ private:
     {
         enter("txtClassName", name);
         enter("txtNoOfDivisions", count);
-        QTest::keyClick(field("txtClassOrder"), Qt::Key_Return);
+        key("txtClassOrder", Qt::Key_Return);
         for (int d = 0; d < count.toInt(); ++d)
-            QTest::keyClick(field("txtDivisionName"), Qt::Key_Return);
+            key("txtDivisionName", Qt::Key_Return);
     }
     QStringList column(QTableWidget *grid, int column) const
     {
         QStringList texts;
-        for (int row = 0; row < grid->rowCount(); ++row)
-            texts.append(grid->item(row, column) ? grid->item(row, column)->text() : QString());
+        for (int row = 0; grid && row < grid->rowCount(); ++row)
+            texts.append(textAt(grid, row, column));
         return texts;
+    }
+    static QString textAt(QTableWidget *grid, int row, int column)
+    {
+        return grid && grid->item(row, column) ? grid->item(row, column)->text() : QString();
     }
 
 private slots:
@@ -111,21 +134,22 @@ private slots:
     void newSavesTwoClasses()
     {
         open();
-        QVERIFY(!find<QPushButton>("cmdEdit")->isEnabled());
+        FIND_OR_FAIL(classGrid, classes());
+        QVERIFY(!enabled("cmdEdit"));
         click("cmdNew");
         QCOMPARE(column(classes(), 0), QStringList{"1"});
 
         enter("txtClassName", "XII");
-        QCOMPARE(classes()->item(0, 3)->text(), QStringLiteral("1")); // the Priority Number comes by itself
+        QCOMPARE(textAt(classGrid, 0, 3), QStringLiteral("1")); // the Priority Number comes by itself
         QCOMPARE(QApplication::focusWidget(), field("txtNoOfDivisions"));
         enter("txtNoOfDivisions", "2");
         QCOMPARE(column(divisions(), 0), (QStringList{"A", "B"}));
-        QTest::keyClick(field("txtClassOrder"), Qt::Key_Return);
+        key("txtClassOrder", Qt::Key_Return);
         QCOMPARE(QApplication::focusWidget(), field("txtDivisionName"));
-        QTest::keyClick(field("txtDivisionName"), Qt::Key_Return);
+        key("txtDivisionName", Qt::Key_Return);
         enter("txtDivisionName", "Sci");
         // The last division leads back to the classes, on the row the order's Enter added.
-        QCOMPARE(classes()->currentRow(), 1);
+        QCOMPARE(classGrid->currentRow(), 1);
         QCOMPARE(QApplication::focusWidget(), field("txtClassName"));
         enterClass("XI", "3");
         QCOMPARE(column(classes(), 1), (QStringList{"XII", "XI", ""}));
@@ -133,8 +157,8 @@ private slots:
         m_messages.expectInformation("Record Saved");
         click("cmdSave");
         QCOMPARE(stored(*m_store), (QStringList{"XII:2:1:A,Sci", "XI:3:2:A,B,C"}));
-        QVERIFY(!find<QPushButton>("cmdSave")->isEnabled());
-        QVERIFY(find<QPushButton>("cmdEdit")->isEnabled());
+        QVERIFY(!enabled("cmdSave"));
+        QVERIFY(enabled("cmdEdit"));
         QCOMPARE(column(classes(), 1), (QStringList{"XII", "XI"}));
     }
 
@@ -159,33 +183,36 @@ private slots:
     {
         storeClasses(*m_store, {"XII:2", "XI:1"});
         open();
+        FIND_OR_FAIL(classGrid, classes());
         click("cmdEdit");
-        QLineEdit *name = field("txtClassName");
-        QCOMPARE(name->parentWidget(), classes()->viewport());
-        QCOMPARE(name->geometry(), classes()->visualItemRect(classes()->item(0, 1)));
+        FIND_OR_FAIL(name, field("txtClassName"));
+        FIND_OR_FAIL(divisionCount, field("txtNoOfDivisions"));
+        QCOMPARE(name->parentWidget(), classGrid->viewport());
+        QCOMPARE(name->geometry(), classGrid->visualItemRect(classGrid->item(0, 1)));
         QCOMPARE(name->text(), QStringLiteral("XII"));
         QTest::keyClick(name, Qt::Key_End);
         QTest::keyClick(name, Qt::Key_Backspace);
-        QCOMPARE(classes()->item(0, 1)->text(), QStringLiteral("XI"));
+        QCOMPARE(textAt(classGrid, 0, 1), QStringLiteral("XI"));
         QTest::keyClicks(name, "IA");
-        QCOMPARE(classes()->item(0, 1)->text(), QStringLiteral("XIIA"));
-        QCOMPARE(find<QLabel>("lblClassName")->text(), QStringLiteral("XIIA"));
+        QCOMPARE(textAt(classGrid, 0, 1), QStringLiteral("XIIA"));
+        FIND_OR_FAIL(className, find<QLabel>("lblClassName"));
+        QCOMPARE(className->text(), QStringLiteral("XIIA"));
 
-        const QRect cell = classes()->visualItemRect(classes()->item(1, 2));
-        QTest::mouseClick(classes()->viewport(), Qt::LeftButton, {}, cell.center());
-        QCOMPARE(field("txtNoOfDivisions")->geometry(), cell);
+        const QRect cell = classGrid->visualItemRect(classGrid->item(1, 2));
+        QTest::mouseClick(classGrid->viewport(), Qt::LeftButton, {}, cell.center());
+        QCOMPARE(divisionCount->geometry(), cell);
         QCOMPARE(QApplication::focusWidget(), field("txtNoOfDivisions"));
         QCOMPARE(name->text(), QStringLiteral("XI"));
-        QCOMPARE(classes()->item(0, 1)->text(), QStringLiteral("XIIA"));
+        QCOMPARE(textAt(classGrid, 0, 1), QStringLiteral("XIIA"));
         QCOMPARE(column(divisions(), 0), QStringList{"A"});
-        QTest::keyClick(field("txtNoOfDivisions"), Qt::Key_Up);
-        QCOMPARE(classes()->currentRow(), 0);
+        key("txtNoOfDivisions", Qt::Key_Up);
+        QCOMPARE(classGrid->currentRow(), 0);
         QCOMPARE(QApplication::focusWidget(), field("txtNoOfDivisions"));
         QCOMPARE(column(divisions(), 0), (QStringList{"A", "B"}));
 
-        classes()->setCurrentCell(1, 1); // the boxes lie on the row about to go
+        classGrid->setCurrentCell(1, 1); // the boxes lie on the row about to go
         QPointer<QLineEdit> guard(name);
-        field("txtDeleteSlNo")->setText("2");
+        setText("txtDeleteSlNo", "2");
         m_messages.expectQuestion("Do You Want To Delete SNo. 2 ?", true);
         click("cmdDeleteRow");
         QVERIFY(guard);
@@ -196,38 +223,40 @@ private slots:
     {
         storeClasses(*m_store, {"XII:2", "XI:1"});
         open();
+        FIND_OR_FAIL(classGrid, classes());
+        FIND_OR_FAIL(divisionGrid, divisions());
         click("cmdEdit");
-        QCOMPARE(classes()->rowCount(), 3);
-        classes()->setCurrentCell(2, 1);
+        QCOMPARE(classGrid->rowCount(), 3);
+        classGrid->setCurrentCell(2, 1);
         m_messages.expectInformation("Enter Class Name");
         enter("txtNoOfDivisions", "2");
         QCOMPARE(QApplication::focusWidget(), field("txtClassName"));
 
         m_messages.expectInformation("Class Name Already Exists");
         enter("txtClassName", " xii");
-        QCOMPARE(classes()->item(2, 1)->text(), QString());
+        QCOMPARE(textAt(classGrid, 2, 1), QString());
         QCOMPARE(QApplication::focusWidget(), field("txtClassName"));
 
         enter("txtClassName", "X");
-        QCOMPARE(classes()->item(2, 3)->text(), QStringLiteral("3"));
+        QCOMPARE(textAt(classGrid, 2, 3), QStringLiteral("3"));
         enter("txtNoOfDivisions", "2");
         m_messages.expectInformation("Class Order Should Not Greater Than No Of Rows");
         enter("txtClassOrder", "4");
-        QCOMPARE(classes()->item(2, 3)->text(), QString());
+        QCOMPARE(textAt(classGrid, 2, 3), QString());
         enter("txtClassOrder", "1");
         QCOMPARE(column(classes(), 3), (QStringList{"2", "3", "1", ""}));
 
         // On the first division now; a second "a" is refused.
-        QTest::keyClick(field("txtDivisionName"), Qt::Key_Return);
+        key("txtDivisionName", Qt::Key_Return);
         m_messages.expectInformation("Division Name Already Exists");
         enter("txtDivisionName", "a");
-        QCOMPARE(divisions()->item(1, 0)->text(), QString());
+        QCOMPARE(textAt(divisionGrid, 1, 0), QString());
 
         // Save stops at the blank division name and points at it.
         m_messages.expectInformation("Enter Division Name To Class X");
         click("cmdSave");
-        QCOMPARE(classes()->currentRow(), 2);
-        QCOMPARE(divisions()->currentRow(), 1);
+        QCOMPARE(classGrid->currentRow(), 2);
+        QCOMPARE(divisionGrid->currentRow(), 1);
         QCOMPARE(QApplication::focusWidget(), field("txtDivisionName"));
         enter("txtDivisionName", "B");
 
@@ -243,19 +272,20 @@ private slots:
         m_store->exec("INSERT INTO TimeTable VALUES (3, 1, 1, 1, 0, 0, 'M', '', '', '')");
         const QStringList before = stored(*m_store);
         open();
+        FIND_OR_FAIL(classGrid, classes());
         click("cmdEdit");
 
-        classes()->setCurrentCell(1, 2);
+        classGrid->setCurrentCell(1, 2);
         enter("txtNoOfDivisions", "2");
         m_messages.expectInformation("This Division 'XI - C' Is Used In Other Entry Screen(s). So You Cannot Delete");
         click("cmdSave");
         QCOMPARE(stored(*m_store), before);
-        QVERIFY(find<QPushButton>("cmdSave")->isEnabled()); // the screen stays in Edit
+        QVERIFY(enabled("cmdSave")); // the screen stays in Edit
 
         // Back to three divisions, C takes its old code again; removing X trips over its timetable row.
-        classes()->setCurrentCell(1, 2);
+        classGrid->setCurrentCell(1, 2);
         enter("txtNoOfDivisions", "3");
-        field("txtDeleteSlNo")->setText("3");
+        setText("txtDeleteSlNo", "3");
         m_messages.expectQuestion("Do You Want To Delete SNo. 3 ?", true);
         click("cmdDeleteRow");
         m_messages.expectInformation("This Division 'X - A' Is Used In Other Entry Screen(s). So You Cannot Delete");
@@ -274,7 +304,7 @@ private slots:
         storeClasses(*m_store, {"XII:1", "XI:2", "X:1"});
         open();
         click("cmdEdit");
-        field("txtDeleteSlNo")->setText("2");
+        setText("txtDeleteSlNo", "2");
         m_messages.expectQuestion("Do You Want To Delete SNo. 2 ?", false);
         click("cmdDeleteRow");
         QCOMPARE(column(classes(), 1), (QStringList{"XII", "XI", "X", ""}));
@@ -313,10 +343,11 @@ private slots:
             many.append(QStringLiteral("C%1:1").arg(i));
         storeClasses(*m_store, many);
         open();
+        FIND_OR_FAIL(classGrid, classes());
         m_messages.expectInformation("You Cannot Create More Than 99 Classes");
         click("cmdEdit");
-        QCOMPARE(classes()->rowCount(), 99);
-        QCOMPARE(classes()->item(98, 1)->text(), QStringLiteral("C99"));
+        QCOMPARE(classGrid->rowCount(), 99);
+        QCOMPARE(textAt(classGrid, 98, 1), QStringLiteral("C99"));
     }
 };
 

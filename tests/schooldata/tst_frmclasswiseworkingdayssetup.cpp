@@ -1,3 +1,4 @@
+#include "findcontrol.h"
 #include "frmclasswiseworkingdayssetup.h"
 #include "scriptedmessages.h"
 #include "teststore.h"
@@ -31,7 +32,7 @@ private:
     }
     static QStringList gridDays(const frmClasswiseWorkingDaysSetup &screen)
     {
-        auto *grid = screen.findChild<QTableWidget *>(QStringLiteral("msgClassDetails"));
+        FIND_OR_FAIL(grid, findControl<QTableWidget>(&screen, "msgClassDetails"), QStringList());
         QStringList days;
         for (int row = 0; row < grid->rowCount(); ++row)
             days << grid->item(row, 1)->text() + QLatin1Char('=') + grid->item(row, 2)->text();
@@ -82,11 +83,12 @@ private slots:
         screen.show();
         QApplication::setActiveWindow(&screen);
         QVERIFY(QTest::qWaitForWindowActive(&screen));
-        auto *grid = screen.findChild<QTableWidget *>(QStringLiteral("msgClassDetails"));
-        auto *box = screen.findChild<QLineEdit *>(QStringLiteral("txtWorkingDays"));
-        auto *save = screen.findChild<QPushButton *>(QStringLiteral("cmdSave"));
+        FIND_OR_FAIL(grid, findControl<QTableWidget>(&screen, "msgClassDetails"));
+        FIND_OR_FAIL(box, findControl<QLineEdit>(&screen, "txtWorkingDays"));
+        FIND_OR_FAIL(save, findControl<QPushButton>(&screen, "cmdSave"));
+        FIND_OR_FAIL(edit, findControl<QPushButton>(&screen, "cmdEdit"));
         QVERIFY(!grid->isEnabled());
-        QTest::mouseClick(screen.findChild<QPushButton *>(QStringLiteral("cmdEdit")), Qt::LeftButton);
+        QTest::mouseClick(edit, Qt::LeftButton);
         QVERIFY(grid->isEnabled());
         QVERIFY(box->isVisible());
 

@@ -50,16 +50,55 @@ private:
     {
         return findControl<T>(m_screen, name);
     }
-    void click(const char *name) const { QTest::mouseClick(control<QPushButton>(name), Qt::LeftButton); }
+    void click(const char *name) const
+    {
+        FIND_OR_FAIL(button, control<QPushButton>(name));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    void key(const char *name, Qt::Key key) const
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name));
+        QTest::keyClick(widget, key);
+    }
     void type(const char *name, const QString &text) const
     {
-        QLineEdit *field = control(name);
+        FIND_OR_FAIL(field, control(name));
         field->selectAll();
         QTest::keyClicks(field, text);
     }
+    void setText(const char *name, const QString &text) const
+    {
+        FIND_OR_FAIL(field, control(name));
+        field->setText(text);
+    }
+    QString text(const char *name) const
+    {
+        FIND_OR_FAIL(field, control(name), QString());
+        return field->text();
+    }
+    QString label(const char *name) const
+    {
+        FIND_OR_FAIL(label, control<QLabel>(name), QString());
+        return label->text();
+    }
+    QString shown(const char *name) const
+    {
+        FIND_OR_FAIL(combo, control<QComboBox>(name), QString());
+        return combo->currentText();
+    }
+    bool enabled(const char *name) const
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isEnabled();
+    }
+    bool visible(const char *name) const
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isVisible();
+    }
     void choose(const char *name, int code) const
     {
-        auto *combo = control<QComboBox>(name);
+        FIND_OR_FAIL(combo, control<QComboBox>(name));
         combo->setCurrentIndex(combo->findData(code));
     }
     // Minutes typed into the box over the grid, Enter after each.
@@ -67,7 +106,7 @@ private:
     {
         for (const QString &value : minutes) {
             type("txtDurationInMinutes", value);
-            QTest::keyClick(control("txtDurationInMinutes"), Qt::Key_Return);
+            key("txtDurationInMinutes", Qt::Key_Return);
         }
     }
     void open()
@@ -104,13 +143,14 @@ private slots:
         m_store->exec(QStringLiteral("INSERT INTO StateMaster VALUES (1, 'Kerala')"));
         m_store->exec(QStringLiteral("INSERT INTO CityMaster VALUES (1, 1, 'Kochi'), (2, 1, 'Thrissur')"));
         open();
-        QVERIFY(!control<QPushButton>("cmdEdit")->isEnabled());
+        QVERIFY(!enabled("cmdEdit"));
         click("cmdNew");
-        QCOMPARE(control<QComboBox>("cboFirstDayOfTheWeek")->currentText(), QStringLiteral("Monday"));
+        QCOMPARE(shown("cboFirstDayOfTheWeek"), QStringLiteral("Monday"));
         type("txtSchoolName", QStringLiteral("  St. Mary's [Senior] School "));
         type("txtAddress1", QStringLiteral("Church Road"));
         choose("dbcStateName", 1);
-        QCOMPARE(control<QComboBox>("dbcCityName")->count(), 3); // the blank row and the state's two cities
+        FIND_OR_FAIL(cities, control<QComboBox>("dbcCityName"));
+        QCOMPARE(cities->count(), 3); // the blank row and the state's two cities
         choose("dbcCityName", 2);
         type("txtPincode", QStringLiteral("680001"));
         type("txtNoOfWorkingDays", QStringLiteral("6"));
@@ -120,10 +160,11 @@ private slots:
         choose("cboFirstDayOfTheWeek", 3);
 
         click("cmdPeriodDetails");
-        QVERIFY(control<QWidget>("fraPeriodDetails")->isVisible());
+        QVERIFY(visible("fraPeriodDetails"));
         typeMinutes({"45", "45", "40", "40"});
-        QVERIFY(control<QPushButton>("cmdClose")->hasFocus());
-        QCOMPARE(control<QLabel>("lblTotal")->text(), QStringLiteral("Total Duration In Minutes : 170"));
+        FIND_OR_FAIL(closeButton, control<QPushButton>("cmdClose"));
+        QVERIFY(closeButton->hasFocus());
+        QCOMPARE(label("lblTotal"), QStringLiteral("Total Duration In Minutes : 170"));
         click("cmdClose");
         m_messages.expectInformation(QStringLiteral("Record Saved"));
         click("cmdSave");
@@ -139,9 +180,9 @@ private slots:
         QVERIFY(calendar.schoolSetUp);
         QCOMPARE(calendar.periodsPerWeek, 24);
         // Saved once, the school is edited from now on; the week shows its first day.
-        QVERIFY(!control<QPushButton>("cmdNew")->isEnabled());
-        QVERIFY(control<QPushButton>("cmdEdit")->isEnabled());
-        QCOMPARE(control<QComboBox>("cboFirstDayOfTheWeek")->currentText(), QStringLiteral("Wednesday"));
+        QVERIFY(!enabled("cmdNew"));
+        QVERIFY(enabled("cmdEdit"));
+        QCOMPARE(shown("cboFirstDayOfTheWeek"), QStringLiteral("Wednesday"));
     }
 
     void addedPeriodsRefuseSaveUntilTimed()
@@ -152,12 +193,12 @@ private slots:
         type("txtPeriodsPerDay", QStringLiteral("10"));
         m_messages.expectInformation(PeriodDetailsMissing);
         click("cmdSave");
-        auto *grid = control<QTableWidget>("msgPeriodDuration");
+        FIND_OR_FAIL(grid, control<QTableWidget>("msgPeriodDuration"));
         QCOMPARE(grid->rowCount(), 10);
         QCOMPARE(grid->item(8, 1)->text(), QStringLiteral("P9"));
         QCOMPARE(grid->item(9, 1)->text(), QStringLiteral("P10"));
         QCOMPARE(grid->currentRow(), 8);
-        QVERIFY(control("txtDurationInMinutes")->isVisible());
+        QVERIFY(visible("txtDurationInMinutes"));
         typeMinutes({"30"});
         click("cmdClose");
 
@@ -183,16 +224,17 @@ private slots:
         click("cmdEdit");
         click("cmdPeriodDetails");
         typeMinutes({"999"});
-        QLineEdit *box = control("txtDurationInMinutes");
+        FIND_OR_FAIL(box, control("txtDurationInMinutes"));
         type("txtDurationInMinutes", QStringLiteral("17"));
         m_messages.expectInformation(QStringLiteral("Total Duration Of Minutes Should Not Exceed 1440"));
         QTest::keyClick(box, Qt::Key_2);
         QCOMPARE(box->text(), QStringLiteral("17"));
         QVERIFY(box->hasFocus());
-        QCOMPARE(control<QLabel>("lblTotal")->text(), QStringLiteral("Total Duration In Minutes : 1286"));
+        QCOMPARE(label("lblTotal"), QStringLiteral("Total Duration In Minutes : 1286"));
         QTest::keyClick(box, Qt::Key_1);
-        QCOMPARE(control<QLabel>("lblTotal")->text(), QStringLiteral("Total Duration In Minutes : 1440"));
-        QCOMPARE(control<QTableWidget>("msgPeriodDuration")->item(1, 2)->text(), QStringLiteral("171"));
+        QCOMPARE(label("lblTotal"), QStringLiteral("Total Duration In Minutes : 1440"));
+        FIND_OR_FAIL(grid, control<QTableWidget>("msgPeriodDuration"));
+        QCOMPARE(grid->item(1, 2) ? grid->item(1, 2)->text() : QString(), QStringLiteral("171"));
     }
 
     // Save checks in their order; nothing is written and the field is put right as the office expects.
@@ -236,14 +278,14 @@ private slots:
         open();
         click("cmdEdit");
         // Set as pasted text: the checks while typing are not what this looks at.
-        control("txtNoOfWorkingDays")->setText(days);
-        control("txtPeriodsPerDay")->setText(periods);
-        control("txtPeriodsOnLastWorkingDay")->setText(lastDay);
-        control("txtPeriodsInMorningSession")->setText(morning);
+        setText("txtNoOfWorkingDays", days);
+        setText("txtPeriodsPerDay", periods);
+        setText("txtPeriodsOnLastWorkingDay", lastDay);
+        setText("txtPeriodsInMorningSession", morning);
         choose("cboFirstDayOfTheWeek", firstDay);
         m_messages.expectInformation(text);
         click("cmdSave");
-        QWidget *focused = m_screen->findChild<QWidget *>(field);
+        FIND_OR_FAIL(focused, findControl<QWidget>(m_screen, field));
         QVERIFY(focused->hasFocus());
         if (auto *line = qobject_cast<QLineEdit *>(focused))
             QCOMPARE(line->text().isEmpty(), emptied);
@@ -260,11 +302,11 @@ private slots:
         m_store->exec(QStringLiteral("INSERT INTO TimeTable VALUES (1, 1, 4, 7, 1, 1, '1', '', '', '')"));
         open();
         click("cmdEdit");
-        QVERIFY(!control<QComboBox>("cboFirstDayOfTheWeek")->isEnabled());
+        QVERIFY(!enabled("cboFirstDayOfTheWeek"));
 
         m_messages.expectInformation(QStringLiteral("'No. Of Working Days' Should Not Be Greater Than 7"));
         type("txtNoOfWorkingDays", QStringLiteral("8"));
-        QCOMPARE(control("txtNoOfWorkingDays")->text(), QString());
+        QCOMPARE(text("txtNoOfWorkingDays"), QString());
         type("txtNoOfWorkingDays", QStringLiteral("4"));
 
         // Day 4 is now the last day, and it has a period 7 placed.
@@ -272,13 +314,13 @@ private slots:
             QStringLiteral("Timetable Entry Exists For More Periods Than The Entered 'Periods On Last Working Day'\n"
                            "So You Cannot Reduce 'Periods On Last Working Day'"));
         type("txtPeriodsOnLastWorkingDay", QStringLiteral("6"));
-        QTest::keyClick(control("txtPeriodsOnLastWorkingDay"), Qt::Key_Return);
-        QCOMPARE(control("txtPeriodsOnLastWorkingDay")->text(), QStringLiteral("8"));
+        key("txtPeriodsOnLastWorkingDay", Qt::Key_Return);
+        QCOMPARE(text("txtPeriodsOnLastWorkingDay"), QStringLiteral("8"));
 
         m_messages.expectInformation(
             QStringLiteral("After Performing Auto-Generation, You Cannot Modify 'Periods In Morning Session'"));
         type("txtPeriodsInMorningSession", QStringLiteral("3"));
-        QCOMPARE(control("txtPeriodsInMorningSession")->text(), QStringLiteral("4"));
+        QCOMPARE(text("txtPeriodsInMorningSession"), QStringLiteral("4"));
     }
 
     void exitWithoutSchoolOffersToQuit()
@@ -309,11 +351,12 @@ private slots:
         QCOMPARE(host.opened, (QStringList{"frmStateMaster", "frmCityMaster"}));
         QEvent activate(QEvent::WindowActivate);
         QApplication::sendEvent(m_screen, &activate);
-        auto *states = control<QComboBox>("dbcStateName");
+        FIND_OR_FAIL(states, control<QComboBox>("dbcStateName"));
+        FIND_OR_FAIL(cities, control<QComboBox>("dbcCityName"));
         QVERIFY(states->findText(QStringLiteral("Goa")) > 0);
         QCOMPARE(states->currentText(), QStringLiteral("Kerala"));
-        QVERIFY(control<QComboBox>("dbcCityName")->findText(QStringLiteral("Alappuzha")) > 0);
-        QCOMPARE(control<QComboBox>("dbcCityName")->currentText(), QStringLiteral("Kochi"));
+        QVERIFY(cities->findText(QStringLiteral("Alappuzha")) > 0);
+        QCOMPARE(shown("dbcCityName"), QStringLiteral("Kochi"));
     }
 };
 

@@ -48,23 +48,60 @@ private:
     {
         return findControl<T>(m_screen, name);
     }
-    void click(const QString &button) const { QTest::mouseClick(control<QPushButton>(button), Qt::LeftButton); }
+    void click(const QString &button) const
+    {
+        FIND_OR_FAIL(pressed, control<QPushButton>(button));
+        QTest::mouseClick(pressed, Qt::LeftButton);
+    }
+    void key(const QString &name, Qt::Key key) const
+    {
+        FIND_OR_FAIL(widget, control(name));
+        QTest::keyClick(widget, key);
+    }
     void type(const QString &field, const QString &text) const
     {
-        control<QLineEdit>(field)->clear();
-        QTest::keyClicks(control<QLineEdit>(field), text);
+        FIND_OR_FAIL(edit, control<QLineEdit>(field));
+        edit->clear();
+        QTest::keyClicks(edit, text);
+    }
+    QString text(const QString &field) const
+    {
+        FIND_OR_FAIL(edit, control<QLineEdit>(field), QString());
+        return edit->text();
+    }
+    QString shown(const QString &combo) const
+    {
+        FIND_OR_FAIL(list, control<QComboBox>(combo), QString());
+        return list->currentText();
+    }
+    bool enabled(const QString &name) const
+    {
+        FIND_OR_FAIL(widget, control(name), false);
+        return widget->isEnabled();
+    }
+    void setDate(const QString &name, const QDate &date) const
+    {
+        FIND_OR_FAIL(edit, control<OptionalDateEdit>(name));
+        edit->setDate(date);
+    }
+    void check(const QString &name) const
+    {
+        FIND_OR_FAIL(option, control<QRadioButton>(name));
+        option->click();
     }
     void pick(const QString &combo, const QString &entry) const
     {
-        const int index = control<QComboBox>(combo)->findText(entry);
+        FIND_OR_FAIL(list, control<QComboBox>(combo));
+        const int index = list->findText(entry);
         QVERIFY2(index >= 0, qPrintable(entry));
-        control<QComboBox>(combo)->setCurrentIndex(index);
+        list->setCurrentIndex(index);
     }
     QStringList entries(const QString &combo) const
     {
+        FIND_OR_FAIL(list, control<QComboBox>(combo), QStringList());
         QStringList texts;
-        for (int i = 0; i < control<QComboBox>(combo)->count(); ++i)
-            texts << control<QComboBox>(combo)->itemText(i);
+        for (int i = 0; i < list->count(); ++i)
+            texts << list->itemText(i);
         return texts;
     }
     void addTeacher(int code, const QString &name, const QString &shortName, int periods) const
@@ -140,7 +177,7 @@ private slots:
         QCOMPARE(entries(QStringLiteral("dbcCityName")), (QStringList{"", "Alappuzha", "Kochi"}));
         pick(QStringLiteral("dbcCityName"), QStringLiteral("Kochi"));
         pick(QStringLiteral("dbcStateName"), QStringLiteral("Goa"));
-        QCOMPARE(control<QComboBox>(QStringLiteral("dbcCityName"))->currentText(), QString());
+        QCOMPARE(shown(QStringLiteral("dbcCityName")), QString());
 
         for (const char *button : {"cmdAddSalutationName", "cmdAddStateName", "cmdAddCityName", "cmdAddBloodGroup"})
             click(QString::fromLatin1(button));
@@ -156,7 +193,7 @@ private slots:
         QCoreApplication::sendEvent(m_screen, &activate);
         QCOMPARE(entries(QStringLiteral("dbcStateName")), (QStringList{"", "Assam", "Goa", "Kerala"}));
         QCOMPARE(entries(QStringLiteral("dbcCityName")), (QStringList{"", "Margao", "Panaji"}));
-        QCOMPARE(control<QComboBox>(QStringLiteral("dbcCityName"))->currentText(), QStringLiteral("Panaji"));
+        QCOMPARE(shown(QStringLiteral("dbcCityName")), QStringLiteral("Panaji"));
 
         QMdiArea area;
         QMdiSubWindow *teacherWindow = area.addSubWindow(m_screen);
@@ -223,16 +260,18 @@ private slots:
         pick(QStringLiteral("dbcSalutationName"), salutation);
         pick(QStringLiteral("dbcStateName"), state);
         if (dobYearsAgo != 0)
-            control<OptionalDateEdit>(QStringLiteral("dtpDOB"))->setDate(today.addYears(-dobYearsAgo));
+            setDate(QStringLiteral("dtpDOB"), today.addYears(-dobYearsAgo));
         if (joiningYearsAgo != 0)
-            control<OptionalDateEdit>(QStringLiteral("dtpJoining"))->setDate(today.addYears(-joiningYearsAgo));
+            setDate(QStringLiteral("dtpJoining"), today.addYears(-joiningYearsAgo));
         m_messages.expectInformation(message);
         click(QStringLiteral("cmdSave"));
         QVERIFY2(m_messages.done(), m_messages.report());
         QCOMPARE(focused(), focus);
         QCOMPARE(m_store->count(QStringLiteral("TeacherMaster")), message == Saved ? 3 : 2);
-        if (dobYearsAgo < 0) // the date goes back to today
-            QCOMPARE(control<OptionalDateEdit>(QStringLiteral("dtpDOB"))->date(), today);
+        if (dobYearsAgo < 0) { // the date goes back to today
+            FIND_OR_FAIL(dob, control<OptionalDateEdit>(QStringLiteral("dtpDOB")));
+            QCOMPARE(dob->date(), today);
+        }
     }
 
     void periodsHeldToTheWeekWhileTyping()
@@ -241,9 +280,9 @@ private slots:
         m_messages.expectInformation(QStringLiteral("'No. Of Working Periods' Should Not Exceed 'Periods Per Week'(45)"));
         type(QStringLiteral("txtNoOfPeriods"), QStringLiteral("46"));
         QVERIFY2(m_messages.done(), m_messages.report());
-        QCOMPARE(control<QLineEdit>(QStringLiteral("txtNoOfPeriods"))->text(), QString());
+        QCOMPARE(text(QStringLiteral("txtNoOfPeriods")), QString());
         type(QStringLiteral("txtNoOfPeriods"), QStringLiteral("45"));
-        QCOMPARE(control<QLineEdit>(QStringLiteral("txtNoOfPeriods"))->text(), QStringLiteral("45"));
+        QCOMPARE(text(QStringLiteral("txtNoOfPeriods")), QStringLiteral("45"));
     }
 
     // A text longer than its column is held at the limit and said so, not cut short without a word.
@@ -268,7 +307,7 @@ private slots:
         QFETCH(int, limit);
         QFETCH(QString, message);
         click(QStringLiteral("cmdNew"));
-        auto *edit = control<QLineEdit>(field);
+        FIND_OR_FAIL(edit, control<QLineEdit>(field));
         QTest::keyClicks(edit, QString(limit, QLatin1Char('a'))); // up to the limit without a word
         m_messages.expectInformation(message);
         QTest::keyClick(edit, Qt::Key_B);
@@ -290,10 +329,10 @@ private slots:
         const QString question = QStringLiteral("Do You Want To Exit Teacher Master ?");
         click(QStringLiteral("cmdNew"));
         m_messages.expectQuestion(question, false);
-        QTest::keyClick(control(QStringLiteral("txtTeacherName")), Qt::Key_Escape);
+        key(QStringLiteral("txtTeacherName"), Qt::Key_Escape);
         QVERIFY(m_screen->isVisible());
         m_messages.expectQuestion(question, true);
-        QTest::keyClick(control(QStringLiteral("dbcStateName")), Qt::Key_Escape);
+        key(QStringLiteral("dbcStateName"), Qt::Key_Escape);
         QVERIFY(!m_screen->isVisible());
     }
 
@@ -306,7 +345,8 @@ private slots:
         allot(1, 2, 4);
         QVERIFY(m_screen->showTeacher(1));
         click(QStringLiteral("cmdEdit"));
-        QLineEdit *periods = control<QLineEdit>(QStringLiteral("txtNoOfPeriods"));
+        FIND_OR_FAIL(periods, control<QLineEdit>(QStringLiteral("txtNoOfPeriods")));
+        FIND_OR_FAIL(teacherName, control(QStringLiteral("txtTeacherName")));
 
         m_messages.expectInformation(floor);
         type(QStringLiteral("txtNoOfPeriods"), QStringLiteral("11"));
@@ -316,7 +356,7 @@ private slots:
         QTRY_COMPARE(m_screen->focusWidget(), periods);
 
         // A value that never passed through the field (pasted from elsewhere) is caught by Save.
-        control(QStringLiteral("txtTeacherName"))->setFocus();
+        teacherName->setFocus();
         periods->setText(QStringLiteral("10"));
         m_messages.expectInformation(floor);
         click(QStringLiteral("cmdSave"));
@@ -334,20 +374,22 @@ private slots:
     {
         addTeacher(1, QStringLiteral("Anu Mathew"), QStringLiteral("AM"), 20);
         startNew(QStringLiteral("Ravi"), QStringLiteral("RV"), QStringLiteral("30"));
-        auto *dob = control<OptionalDateEdit>(QStringLiteral("dtpDOB"));
-        auto *wedding = control<OptionalDateEdit>(QStringLiteral("dtpWedding"));
+        FIND_OR_FAIL(dob, control<OptionalDateEdit>(QStringLiteral("dtpDOB")));
+        FIND_OR_FAIL(wedding, control<OptionalDateEdit>(QStringLiteral("dtpWedding")));
+        auto *dobPicker = dob->findChild<QDateEdit *>();
+        QVERIFY(dobPicker);
         dob->setDate(QDate(1980, 5, 1));
         m_messages.expectInformation(BirthNotBeforeToday);
-        dob->findChild<QDateEdit *>()->setDate(QDate::currentDate()); // as the user picks it
+        dobPicker->setDate(QDate::currentDate()); // as the user picks it
         QVERIFY2(m_messages.done(), m_messages.report());
         dob->setDate(QDate(1980, 5, 1));
 
-        control<QRadioButton>(QStringLiteral("optMarried"))->click();
+        check(QStringLiteral("optMarried"));
         wedding->setDate(QDate(2006, 1, 20));
-        control<QRadioButton>(QStringLiteral("optSingle"))->click();
+        check(QStringLiteral("optSingle"));
         QVERIFY(!wedding->isEnabled());
         QVERIFY(!wedding->date().isValid());
-        control<QRadioButton>(QStringLiteral("optMarried"))->click();
+        check(QStringLiteral("optMarried"));
         QVERIFY(wedding->isEnabled());
         m_messages.expectInformation(Saved);
         click(QStringLiteral("cmdSave"));
@@ -376,14 +418,14 @@ private slots:
         pick(QStringLiteral("dbcStateName"), QStringLiteral("Kerala"));
         pick(QStringLiteral("dbcCityName"), QStringLiteral("Kochi"));
         type(QStringLiteral("txtPincode"), QStringLiteral("682024"));
-        control<OptionalDateEdit>(QStringLiteral("dtpJoining"))->setDate(QDate(2010, 6, 1));
-        control<QRadioButton>(QStringLiteral("optSingle"))->click();
+        setDate(QStringLiteral("dtpJoining"), QDate(2010, 6, 1));
+        check(QStringLiteral("optSingle"));
         type(QStringLiteral("txtTelephone"), QStringLiteral("0484 2345678"));
         pick(QStringLiteral("dbcBloodGroup"), QStringLiteral("O+"));
         type(QStringLiteral("txtSeniorityNo"), QStringLiteral("4"));
         m_messages.expectInformation(Saved);
         click(QStringLiteral("cmdSave"));
-        QVERIFY(!control(QStringLiteral("fraMain"))->isEnabled());
+        QVERIFY(!enabled(QStringLiteral("fraMain")));
         const QString row = QStringLiteral(
             "SELECT TeacherCode || '|' || SalutationCode || '|' || TeacherName || '|' || TeacherShortName || '|' || "
             "IFNULL(DOB, 'null') || '|' || MaritalStatus || '|' || JoiningDate || '|' || CityCode || '|' || Pincode || "
@@ -397,18 +439,20 @@ private slots:
         click(QStringLiteral("cmdSearch"));
         auto *search = m_screen->findChild<frmTeacherSearch *>();
         QVERIFY(search && search->isVisible());
-        QTest::keyClicks(search->findChild<QLineEdit *>(QStringLiteral("txtTeacherName")), QStringLiteral("meera"));
-        QTest::mouseClick(search->findChild<QPushButton *>(QStringLiteral("cmdSearch")), Qt::LeftButton);
-        auto *grid = search->findChild<QTableWidget *>(QStringLiteral("dgdDetails"));
+        FIND_OR_FAIL(searchName, findControl<QLineEdit>(search, "txtTeacherName"));
+        FIND_OR_FAIL(searchButton, findControl<QPushButton>(search, "cmdSearch"));
+        FIND_OR_FAIL(grid, findControl<QTableWidget>(search, "dgdDetails"));
+        QTest::keyClicks(searchName, QStringLiteral("meera"));
+        QTest::mouseClick(searchButton, Qt::LeftButton);
         QCOMPARE(grid->rowCount(), 1);
         m_messages.expectQuestion(QStringLiteral("Do You Want To Edit/Delete ?"), true);
         grid->setCurrentCell(0, 1);
         QTest::keyClick(grid, Qt::Key_Return);
         QVERIFY(!search->isVisible());
-        QCOMPARE(control<QLineEdit>(QStringLiteral("txtTeacherName"))->text(), QStringLiteral("Meera Nair"));
-        QCOMPARE(control<QComboBox>(QStringLiteral("dbcCityName"))->currentText(), QStringLiteral("Kochi"));
-        QVERIFY(control(QStringLiteral("cmdEdit"))->isEnabled());
-        QVERIFY(control(QStringLiteral("cmdDelete"))->isEnabled());
+        QCOMPARE(text(QStringLiteral("txtTeacherName")), QStringLiteral("Meera Nair"));
+        QCOMPARE(shown(QStringLiteral("dbcCityName")), QStringLiteral("Kochi"));
+        QVERIFY(enabled(QStringLiteral("cmdEdit")));
+        QVERIFY(enabled(QStringLiteral("cmdDelete")));
 
         click(QStringLiteral("cmdEdit"));
         type(QStringLiteral("txtTeacherName"), QStringLiteral("Meera G. Nair"));
@@ -425,7 +469,7 @@ private slots:
         m_messages.expectInformation(QStringLiteral("Record Deleted"));
         click(QStringLiteral("cmdDelete"));
         QCOMPARE(m_store->count(QStringLiteral("TeacherMaster")), 1);
-        QVERIFY(!control(QStringLiteral("cmdDelete"))->isEnabled());
+        QVERIFY(!enabled(QStringLiteral("cmdDelete")));
     }
 
     // The Phase I settings name teachers: a rename reaches them, whether or not its teacher table exists.

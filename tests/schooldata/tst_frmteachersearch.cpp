@@ -29,23 +29,39 @@ private:
         return findControl<T>(m_screen, name);
     }
     QTableWidget *grid() const { return control<QTableWidget>(QStringLiteral("dgdDetails")); }
-    void search() const { QTest::mouseClick(control<QPushButton>(QStringLiteral("cmdSearch")), Qt::LeftButton); }
-    // One grid row as "Name/Short/Telephone/Periods/Seniority/State/City/Blood group".
-    QStringList rows() const
+    void search() const
     {
+        FIND_OR_FAIL(button, control<QPushButton>(QStringLiteral("cmdSearch")));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    void type(const char *name, const QString &text) const
+    {
+        FIND_OR_FAIL(field, control<QLineEdit>(QLatin1String(name)));
+        QTest::keyClicks(field, text);
+    }
+    void pick(const char *name, const QString &text) const
+    {
+        FIND_OR_FAIL(combo, control<QComboBox>(QLatin1String(name)));
+        combo->setCurrentIndex(combo->findText(text));
+    }
+    // One grid row as "Name/Short/Telephone/Periods/Seniority/State/City/Blood group", from column `first` on.
+    QStringList rows(int first = 1, int last = -1) const
+    {
+        FIND_OR_FAIL(table, grid(), QStringList());
         QStringList lines;
-        for (int r = 0; r < grid()->rowCount(); ++r) {
+        for (int r = 0; r < table->rowCount(); ++r) {
             QStringList cells;
-            for (int c = 1; c < grid()->columnCount(); ++c)
-                cells << grid()->item(r, c)->text();
+            for (int c = first; c < (last < 0 ? table->columnCount() : last + 1); ++c)
+                cells << (table->item(r, c) ? table->item(r, c)->text() : QString());
             lines << cells.join(QLatin1Char('/'));
         }
         return lines;
     }
     void choose(int row) const
     {
-        grid()->setCurrentCell(row, 1);
-        QTest::keyClick(grid(), Qt::Key_Return);
+        FIND_OR_FAIL(table, grid());
+        table->setCurrentCell(row, 1);
+        QTest::keyClick(table, Qt::Key_Return);
     }
     void addTeacher(int code, const QString &name, int cityCode, int periods, int bloodGroup, int seniority) const
     {
@@ -104,24 +120,19 @@ private slots:
         QFETCH(QString, state);
         QFETCH(QString, city);
         QFETCH(QStringList, found);
-        QTest::keyClicks(control<QLineEdit>(QStringLiteral("txtTeacherName")), name);
-        QTest::keyClicks(control<QLineEdit>(QStringLiteral("txtPeriods")), periods);
-        auto *states = control<QComboBox>(QStringLiteral("dbcStateName"));
-        states->setCurrentIndex(states->findText(state));
-        auto *cities = control<QComboBox>(QStringLiteral("dbcCityName"));
-        cities->setCurrentIndex(cities->findText(city));
+        type("txtTeacherName", name);
+        type("txtPeriods", periods);
+        pick("dbcStateName", state);
+        pick("dbcCityName", city);
         search();
-        QStringList names;
-        for (int r = 0; r < grid()->rowCount(); ++r)
-            names << grid()->item(r, 1)->text();
-        QCOMPARE(names, found);
+        QCOMPARE(rows(1, 1), found);
     }
 
     void everyTeacherOnlyWhenAsked()
     {
         m_messages.expectQuestion(ViewAll, false);
         search();
-        QCOMPARE(grid()->rowCount(), 0);
+        QCOMPARE(rows(), QStringList());
         m_messages.expectQuestion(ViewAll, true);
         search();
         // Blank references and an unset seniority read as empty cells.
@@ -129,12 +140,13 @@ private slots:
                                       "D'Souza Maria/D'/984702/20//Goa/Panaji/",
                                       "Lekha 50%_off/LE/984704/10//Kerala/Alappuzha/",
                                       "Ravi [Sr]/RA/984703/40/1///"}));
-        QVERIFY(grid()->isColumnHidden(0));
+        FIND_OR_FAIL(table, grid());
+        QVERIFY(table->isColumnHidden(0));
 
-        QTest::keyClicks(control<QLineEdit>(QStringLiteral("txtTeacherName")), QStringLiteral("Zachariah"));
+        type("txtTeacherName", QStringLiteral("Zachariah"));
         m_messages.expectInformation(QStringLiteral("No Record Exists"));
         search();
-        QCOMPARE(grid()->rowCount(), 0);
+        QCOMPARE(rows(), QStringList());
     }
 
     void choosingARow()

@@ -18,15 +18,18 @@ void put(TestStore &store, int classCode, int division, int day, int period, int
                {classCode, division, day, period, subject, teacher});
 }
 
+// A click in a grid that a failed lookup gave as nullptr does nothing: the test has failed already.
 void click(QTableWidget *grid, int row, int column)
 {
+    if (!grid)
+        return;
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(row, column)).center());
 }
 
 QStringList rowOf(const QTableWidget *grid, int row)
 {
     QStringList cells;
-    for (int column = 0; column < grid->columnCount(); ++column)
+    for (int column = 0; grid && column < grid->columnCount(); ++column)
         cells << (grid->item(row, column) ? grid->item(row, column)->text() : QString());
     return cells;
 }
@@ -47,12 +50,42 @@ private:
         return findControl<T>(m_form, name);
     }
     QTableWidget *grid(const char *name) const { return control<QTableWidget>(name); }
-    QString label(const char *name) const { return control<QLabel>(name)->text(); }
+    QString label(const char *name) const
+    {
+        FIND_OR_FAIL(label, control<QLabel>(name), QString());
+        return label->text();
+    }
+    bool visible(const char *name) const
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isVisible();
+    }
+    bool enabled(const char *name) const
+    {
+        FIND_OR_FAIL(widget, control<QWidget>(name), false);
+        return widget->isEnabled();
+    }
+    void press(const char *name)
+    {
+        FIND_OR_FAIL(button, control<QPushButton>(name));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    // The text and the background colour of a grid's cell; empty for a missing cell.
+    QString text(const char *name, int row, int column) const
+    {
+        FIND_OR_FAIL(week, grid(name), QString());
+        return week->item(row, column) ? week->item(row, column)->text() : QString();
+    }
+    QColor colour(const char *name, int row, int column) const
+    {
+        FIND_OR_FAIL(week, grid(name), QColor());
+        return week->item(row, column) ? week->item(row, column)->background().color() : QColor();
+    }
 
     void choose(int classCode, int division, int subject)
     {
         const auto pick = [this](const char *name, int code) {
-            QComboBox *combo = control<QComboBox>(name);
+            FIND_OR_FAIL(combo, control<QComboBox>(name));
             combo->setCurrentIndex(combo->findData(code));
         };
         pick("cboClass", classCode);
@@ -91,22 +124,22 @@ private slots:
     {
         choose(1, 2, 2);
         QCOMPARE(label("lblTeacherName"), QStringLiteral("Teacher 2"));
-        QVERIFY(control<QWidget>("fraCombinedClass")->isVisible());
+        QVERIFY(visible("fraCombinedClass"));
         QCOMPARE(rowOf(grid("msgCombinedClass"), 1), (QStringList{"I", "C"}));
-        QVERIFY(!control<QPushButton>("cmdTeachersFree")->isEnabled());
+        QVERIFY(!enabled("cmdTeachersFree"));
 
         click(grid("msgTeacher"), 1, 3);
         QCOMPARE(slotRows(*m_store, 2, 3), (QStringList{"1/2:2:2:M::", "1/3:2:2:M:CC:"}));
-        QCOMPARE(grid("msgTeacher")->item(1, 3)->text(), QStringLiteral("I/B"));
-        QCOMPARE(grid("msgTeacher")->item(1, 3)->background().color(), WeekTable::selectionColour());
-        QCOMPARE(grid("msgClass")->item(1, 3)->text(), QStringLiteral("S2"));
+        QCOMPARE(text("msgTeacher", 1, 3), QStringLiteral("I/B"));
+        QCOMPARE(colour("msgTeacher", 1, 3), WeekTable::selectionColour());
+        QCOMPARE(text("msgClass", 1, 3), QStringLiteral("S2"));
         QCOMPARE(label("lblAllotedPeriods"), QStringLiteral("3"));
         QCOMPARE(label("lblOccupiedPeriods"), QStringLiteral("1"));
 
         choose(1, 3, 2);
-        QCOMPARE(grid("msgTeacher")->item(1, 3)->text(), QStringLiteral("I/B"));
-        QCOMPARE(grid("msgTeacher")->item(1, 3)->background().color(), QColor(200, 235, 255));
-        QCOMPARE(grid("msgClass")->item(1, 3)->background().color(), WeekTable::selectionColour());
+        QCOMPARE(text("msgTeacher", 1, 3), QStringLiteral("I/B"));
+        QCOMPARE(colour("msgTeacher", 1, 3), QColor(200, 235, 255));
+        QCOMPARE(colour("msgClass", 1, 3), WeekTable::selectionColour());
         QCOMPARE(label("lblOccupiedPeriods"), QStringLiteral("1"));
     }
 
@@ -131,7 +164,7 @@ private slots:
         if (answer)
             m_messages.expectInformation(QStringLiteral("One Of The Teachers In This Group Is Not Free"));
         click(grid("msgTeacher"), 0, 2);
-        QCOMPARE(grid("msgClass")->item(0, 2)->text(), cellAfter);
+        QCOMPARE(text("msgClass", 0, 2), cellAfter);
         QCOMPARE(m_store->scalar(QStringLiteral("SELECT COUNT(*) FROM TimeTable WHERE ClassCode = 1")).toInt(),
                  answer ? 0 : 1);
     }
@@ -147,11 +180,11 @@ private slots:
         QCOMPARE(m_store->count(QStringLiteral("TimeTable")), 0);
 
         click(grid("msgTeacher"), 4, 4);
-        QCOMPARE(grid("msgClass")->item(4, 4)->text(), QStringLiteral("S1"));
+        QCOMPARE(text("msgClass", 4, 4), QStringLiteral("S1"));
         m_messages.expectQuestion(QStringLiteral("Do You Want To Delete It ? "), true);
         click(grid("msgClass"), 4, 4);
         QCOMPARE(m_store->count(QStringLiteral("TimeTable")), 0);
-        QVERIFY(grid("msgClass")->item(4, 4)->text().isEmpty());
+        QVERIFY(text("msgClass", 4, 4).isEmpty());
     }
 
     void periodsToBeFilledLeavesOutFinishedSubjects()
@@ -160,9 +193,9 @@ private slots:
         put(*m_store, 1, 1, 1, 2, 1, 1);
         put(*m_store, 1, 1, 2, 1, 3, 3);
         choose(1, 1, 1);
-        QTest::mouseClick(control<QPushButton>("cmdPeriodsToBeFilled"), Qt::LeftButton);
-        QVERIFY(control<QWidget>("fraPeriodsToBeFilled")->isVisible());
-        QTableWidget *open = grid("msgPeriodsToBeFilled");
+        press("cmdPeriodsToBeFilled");
+        QVERIFY(visible("fraPeriodsToBeFilled"));
+        FIND_OR_FAIL(open, grid("msgPeriodsToBeFilled"));
         QCOMPARE(open->rowCount(), 1);
         QCOMPARE(rowOf(open, 0), (QStringList{"Subject 3", "3", "1", "2", "3"}));
         QVERIFY(open->isColumnHidden(4));
@@ -179,9 +212,9 @@ private slots:
         put(*m_store, 2, 2, 1, 2, 5, 4);
         put(*m_store, 2, 1, 2, 1, 5, 5);
         choose(1, 1, 3);
-        QVERIFY(control<QPushButton>("cmdTeachersFree")->isEnabled());
-        QTest::mouseClick(control<QPushButton>("cmdTeachersFree"), Qt::LeftButton);
-        QTest::mouseClick(control<QPushButton>("cmdTeachersClassesFree"), Qt::LeftButton);
+        QVERIFY(enabled("cmdTeachersFree"));
+        press("cmdTeachersFree");
+        press("cmdTeachersClassesFree");
         const QString fullDay = QStringLiteral("    P1, P2, P3, P4, P5, P6");
         QCOMPARE(label("lblTeachersFree"), QStringList({"  MON    P1, P3, P4, P5, P6", "  TUE" + fullDay,
                                                         "  WED" + fullDay, "  THU" + fullDay, "  FRI" + fullDay})
@@ -190,9 +223,9 @@ private slots:
                  QStringList({"  MON" + fullDay, "  TUE    P2, P3, P4, P5, P6", "  WED" + fullDay, "  THU" + fullDay,
                               "  FRI" + fullDay})
                      .join('\n'));
-        QVERIFY(control<QWidget>("fraCombined")->isVisible());
-        QTest::mouseClick(control<QPushButton>("cmdCloseTeachersFree"), Qt::LeftButton);
-        QVERIFY(!control<QWidget>("fraTeachersFree")->isVisible());
+        QVERIFY(visible("fraCombined"));
+        press("cmdCloseTeachersFree");
+        QVERIFY(!visible("fraTeachersFree"));
     }
 
     void blankPeriodsListsOverAllottedClasses()
