@@ -22,14 +22,11 @@ int NextGroupNo(const QSqlDatabase &db, const QString &id)
     return groupNo;
 }
 
-namespace {
-// Allotted periods per class division, counting real work only: rows the system added for a combined
-// teacher group are not periods of the class. The joins keep rows whose masters all exist.
-QList<int> allottedTotals(const QSqlDatabase &db)
+QList<AllottedTotal> AllottedTotals(const QSqlDatabase &db)
 {
-    QList<int> totals;
+    QList<AllottedTotal> totals;
     QSqlQuery query = Sql(db).run(QStringLiteral(
-        "SELECT SUM(w.NoOfSectionPeriods) FROM WorkAllotmentEntry w "
+        "SELECT c.ClassName, d.DivisionName, SUM(w.NoOfSectionPeriods) FROM WorkAllotmentEntry w "
         "JOIN TeacherMaster t ON t.TeacherCode = w.TeacherCode "
         "JOIN SubjectMaster s ON s.SubjectCode = w.SubjectCode "
         "JOIN ClassDivisionMaster c ON c.ClassCode = w.ClassCode "
@@ -37,23 +34,22 @@ QList<int> allottedTotals(const QSqlDatabase &db)
         "WHERE w.CTSystem IS NULL OR w.CTSystem = '' "
         "GROUP BY w.ClassCode, w.DivisionCode ORDER BY w.ClassCode, w.DivisionCode"));
     while (query.next())
-        totals << qint16(query.value(0).toInt());
+        totals.append({query.value(0).toString().trimmed(), query.value(1).toString().trimmed(), qint16(query.value(2).toInt())});
     return totals;
-}
 }
 
 bool ClassesOverAllotted(const QSqlDatabase &db, const SchoolCalendar &calendar)
 {
-    const QList<int> totals = allottedTotals(db);
+    const QList<AllottedTotal> totals = AllottedTotals(db);
     return std::any_of(totals.begin(), totals.end(),
-                       [&](int total) { return calendar.periodsPerWeek - total < 0; });
+                       [&](const AllottedTotal &total) { return calendar.periodsPerWeek - total.periods < 0; });
 }
 
 bool ClassesUnderAllotted(const QSqlDatabase &db, const SchoolCalendar &calendar)
 {
-    const QList<int> totals = allottedTotals(db);
+    const QList<AllottedTotal> totals = AllottedTotals(db);
     return std::any_of(totals.begin(), totals.end(),
-                       [&](int total) { return calendar.periodsPerWeek - total > 0; });
+                       [&](const AllottedTotal &total) { return calendar.periodsPerWeek - total.periods > 0; });
 }
 
 bool IsCodeReferenced(const QSqlDatabase &db, const QString &parentTable, const QString &codeColumn,

@@ -1,6 +1,7 @@
 #pragma once
 #include "schoolcalendar.h"
 
+#include <QList>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariant>
@@ -13,6 +14,17 @@ int NextCode(const QSqlDatabase &db, const QString &table, const QString &keyCol
 // Takes the next group number of a kind of combined entry ("CP", "CC", "CT") and advances it, so numbers
 // never come back even when groups are deleted. 0 when the kind has no row (nothing is written then).
 int NextGroupNo(const QSqlDatabase &db, const QString &id);
+
+// The periods allotted to each class division, in class and division order, counting real work only: rows
+// the system added for a combined teacher group are not periods of the class. Rows whose masters do not all
+// exist are left out.
+struct AllottedTotal
+{
+    QString className;
+    QString divisionName;
+    int periods = 0;
+};
+QList<AllottedTotal> AllottedTotals(const QSqlDatabase &db);
 
 // Some class division has more allotted periods than the week has.
 bool ClassesOverAllotted(const QSqlDatabase &db, const SchoolCalendar &calendar);

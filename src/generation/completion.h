@@ -10,6 +10,7 @@ class SplitMix;
 // (never those placed by hand or the uniform periods) out of the way and placing them again elsewhere, each
 // placement under the generator's rules. An ejection chain with a tabu memory: an open meeting takes the
 // slot whose occupants cost least to move, they become open in turn, and the best state seen is kept.
+// Every step is judged by the rules of the rule check, so the week never ends with more breaks than it had.
 // Deterministic: the same model gives the same result.
 class Completion
 {
@@ -30,6 +31,9 @@ public:
         bool cancelled = false;
         bool timedOut = false;
         qint64 iterations = 0;
+        int breaksBefore = 0; // rule breaks of the week, by the rule check
+        int breaksAfter = 0;
+        bool undone = false;  // the search ended with more breaks than it began with: the week was put back
     };
 
     explicit Completion(CompletionModel &model) : m_model(model) {}
@@ -48,10 +52,14 @@ private:
     // too: the lesson's other periods that day, then one meeting of the teacher in the counted periods.
     bool widen(int meeting, int day, int period, QList<int> *evicted) const;
     int openRows() const;
+    int breakCount() const;
+    // Every meeting back where it stood before the completion, the new ones open.
+    void restoreStart();
     int rowsOf(int meeting) const { return int(m_model.meetings()[meeting].rows.size()); }
     void undoNeedlessMoves();
     // Two meetings of the same allotments with the same Manual values: either may stand in the other's slot.
     bool sameRows(int a, int b) const;
 
     CompletionModel &m_model;
+    int m_breaksBefore = 0;
 };

@@ -188,13 +188,127 @@ void CompletionModel::occupy(int meeting, bool on)
             m_classOcc.resize(size_t(klass + 1) * m_slots, Free);
         if (size_t(teacher + 1) * m_slots > m_teacherOcc.size())
             m_teacherOcc.resize(size_t(teacher + 1) * m_slots, Free);
-        for (int *cell : {&m_classOcc[size_t(klass) * m_slots + slot], &m_teacherOcc[size_t(teacher) * m_slots + slot]}) {
-            if (on)
-                *cell = *cell == Free || *cell == meeting ? meeting : Clash;
-            else if (*cell == meeting)
-                *cell = Free;
+        occupyCell(m_classOcc, size_t(klass) * m_slots + slot, false, meeting, on);
+        occupyCell(m_teacherOcc, size_t(teacher) * m_slots + slot, true, meeting, on);
+    }
+}
+
+// A cell holds its one meeting, or Clash with the meetings listed aside; a clash ends when all but one leave.
+void CompletionModel::occupyCell(std::vector<int> &cells, size_t cell, bool teacher, int meeting, bool on)
+{
+    int &holder = cells[cell];
+    const quint64 key = quint64(cell) | (quint64(teacher) << 63);
+    if (on) {
+        if (holder == Free) {
+            holder = meeting;
+        } else if (holder == Clash) {
+            QList<int> &list = m_clashes[key];
+            if (!list.contains(meeting))
+                list.append(meeting);
+        } else if (holder != meeting) {
+            m_clashes.insert(key, {holder, meeting});
+            holder = Clash;
+        }
+        return;
+    }
+    if (holder == meeting) {
+        holder = Free;
+    } else if (holder == Clash) {
+        QList<int> &list = m_clashes[key];
+        list.removeAll(meeting);
+        if (list.size() == 1) {
+            holder = list.first();
+            m_clashes.remove(key);
         }
     }
+}
+
+QList<int> CompletionModel::holders(const std::vector<int> &cells, size_t cell, bool teacher) const
+{
+    const int holder = cells[cell];
+    if (holder == Free)
+        return {};
+    if (holder == Clash)
+        return m_clashes.value(quint64(cell) | (quint64(teacher) << 63));
+    return {holder};
+}
+
+unsigned CompletionModel::slotBars(int lesson, int day, int period, bool phaseOneRow) const
+{
+    const Lesson &l = m_lessons[lesson];
+    unsigned bars = 0;
+    if (day > l.days)
+        bars |= DayNotWorked;
+    if (period > periodsOn(day))
+        bars |= OutsideWeek;
+    if (phaseOneRow && (l.noMask & (1u << qBound(0, period, 31))))
+        bars |= SetFree;
+    const PlacementRules::Range range = PlacementRules::FreeTypeRange(calendar(), l.freeType, period, periodsOn(day));
+    if (!PlacementRules::FreeTypeAllows(l.freeType, range.to - range.from + 1))
+        bars |= NeverFree;
+    return bars;
+}
+
+bool CompletionModel::keepsFreePeriod(int lesson, int day, int period, const QList<int> &leaving) const
+{
+    const Lesson &l = m_lessons[lesson];
+    const PlacementRules::Range range = PlacementRules::FreeTypeRange(calendar(), l.freeType, period, periodsOn(day));
+    int free = 1;
+    for (int p = range.from; p <= range.to; ++p) {
+        if (p == period)
+            continue;
+        const int holder = teacherAt(l.teacher, slotOf(day, p));
+        free += holder == Free || leaving.contains(holder);
+    }
+    return PlacementRules::FreeTypeAllows(l.freeType, free);
+}
+
+bool CompletionModel::spreadKept(int lesson, int day, const QList<int> &leaving, int adding) const
+{
+    int held = adding > 0 ? 1 : 0;
+    int periods[2] = {adding, 0};
+    for (int r : m_lessonRows[lesson]) {
+        const Row &row = m_rows[r];
+        if (row.day != day || leaving.contains(row.meeting))
+            continue;
+        if (held < 2)
+            periods[held] = row.period;
+        ++held;
+    }
+    return PlacementRules::DayHoldingAllowed(calendar(), m_lessons[lesson].spread, held, periods[0], periods[1]);
+}
+
+bool CompletionModel::mayStand(int meeting, int day, int period, const QList<int> &leaving) const
+{
+    const Meeting &m = m_meetings[meeting];
+    Q_ASSERT(m.day == 0 || leaving.contains(meeting));
+    QList<int> lessons;
+    for (int r : m.rows) {
+        const Row &row = m_rows[r];
+        if (slotBars(row.lesson, day, period, row.data.manual == QLatin1String("1")) != 0
+            || !spreadKept(row.lesson, day, leaving, period))
+            return false;
+        // A teacher's free period is counted once, however many of the meeting's rows are the teacher's.
+        bool teacherDone = false;
+        for (int other : std::as_const(lessons))
+            teacherDone = teacherDone || m_lessons[other].teacher == m_lessons[row.lesson].teacher;
+        if (!teacherDone && !keepsFreePeriod(row.lesson, day, period, leaving))
+            return false;
+        lessons.append(row.lesson);
+    }
+    for (int gone : leaving) {
+        const Meeting &g = m_meetings[gone];
+        if (g.day == 0)
+            continue;
+        for (int r : g.rows) {
+            const int lesson = m_rows[r].lesson;
+            if (lesson < 0 || (g.day == day && lessons.contains(lesson)))
+                continue; // judged above, with the new period
+            if (!spreadKept(lesson, g.day, leaving, 0) && spreadKept(lesson, g.day, {}, 0))
+                return false;
+        }
+    }
+    return true;
 }
 
 void CompletionModel::place(int meeting, int day, int period)

@@ -87,15 +87,47 @@ public:
     // Occupancy: the meeting holding a class or teacher at a slot, Free or Clash.
     int classAt(int klass, int slot) const { return m_classOcc[size_t(klass) * m_slots + slot]; }
     int teacherAt(int teacher, int slot) const { return m_teacherOcc[size_t(teacher) * m_slots + slot]; }
+    // Every meeting holding the class or teacher at the slot: none, one, or the meetings of a clash.
+    QList<int> classHolders(int klass, int slot) const { return holders(m_classOcc, size_t(klass) * m_slots + slot, false); }
+    QList<int> teacherHolders(int teacher, int slot) const
+    {
+        return holders(m_teacherOcc, size_t(teacher) * m_slots + slot, true);
+    }
     void place(int meeting, int day, int period);
     void unplace(int meeting);
     // The lesson's placed rows.
     const QList<int> &lessonRows(int lesson) const { return m_lessonRows[lesson]; }
 
+    // The placement rules over this week, stated once: the completion's search, the rule check and the
+    // proofs that a week cannot be completed all ask these.
+    //
+    // What keeps a row of `lesson` out of (day, period) whatever else the week holds.
+    enum SlotBar : unsigned {
+        DayNotWorked = 1, // the class does not work that day
+        OutsideWeek = 2,  // the day has no such period
+        SetFree = 4,      // a "No" setting of the teacher or the subject; binds Phase I rows only
+        NeverFree = 8,    // no placement there keeps the teacher's free-period type
+    };
+    unsigned slotBars(int lesson, int day, int period, bool phaseOneRow) const;
+    bool slotOpen(int lesson, int day, int period, bool phaseOneRow) const { return slotBars(lesson, day, period, phaseOneRow) == 0; }
+    // Does the teacher of `lesson` keep the free period of the type with a row at (day, period), the
+    // `leaving` meetings gone? The period itself counts as free before the placement.
+    bool keepsFreePeriod(int lesson, int day, int period, const QList<int> &leaving) const;
+    // May `lesson` hold its rows of `day`, without those of the `leaving` meetings and with one more at
+    // `adding` (0: none)?
+    bool spreadKept(int lesson, int day, const QList<int> &leaving, int adding) const;
+    // May the meeting (open, or among `leaving`) stand at (day, period) once the `leaving` meetings have
+    // left their slots? Every rule above for each of its rows, and no day that a leaving meeting leaves is
+    // left with an allotment crowded on it that was not crowded before: taking one of three periods away
+    // can leave two in one session.
+    bool mayStand(int meeting, int day, int period, const QList<int> &leaving) const;
+
 private:
     int ensureTeacher(int code);
     int ensureClass(int classCode, int division);
     void occupy(int meeting, bool on);
+    void occupyCell(std::vector<int> &cells, size_t cell, bool teacher, int meeting, bool on);
+    QList<int> holders(const std::vector<int> &cells, size_t cell, bool teacher) const;
 
     const SchoolSnapshot &m_s;
     int m_periods = 1;
@@ -111,5 +143,6 @@ private:
     QHash<int, QString> m_teacherNames; // TeacherCode -> TeacherName
     std::vector<int> m_classOcc;
     std::vector<int> m_teacherOcc;
+    QHash<quint64, QList<int>> m_clashes; // the meetings of a Clash cell: cell index, bit 63 for a teacher's
     std::vector<QList<int>> m_lessonRows; // live placed rows of each lesson
 };

@@ -103,11 +103,11 @@ CompletionReport CompleteTimetable(const QSqlDatabase &db, CompletionStage stage
     LoadedTimetable loaded;
     LoadTimetable(db, &loaded);
     CompletionModel model(loaded.snapshot, loaded.snapshot.timetable, loaded.rowids);
-    report.breaksBefore = int(CheckTimetableRules(model).size());
     AddOpenMeetings(model, stage);
     Completion completion(model);
     report.outcome = completion.run(settings);
-    report.breaksAfter = int(CheckTimetableRules(model).size());
+    report.breaksBefore = report.outcome.breaksBefore;
+    report.breaksAfter = report.outcome.breaksAfter;
 
     const Sql sql(db);
     Transaction transaction(db);

@@ -59,22 +59,38 @@ private:
         return total;
     }
 
+    int classNeed(int klass) const
+    {
+        return demand([klass](const CompletionModel::Lesson &l) { return l.klass == klass; });
+    }
+
+    int classDays(int klass) const
+    {
+        int days = 0;
+        for (int lesson : lessonsOfClass.value(klass))
+            days = m.lessons()[lesson].days;
+        return qMin(days, weekDays());
+    }
+
+    // The periods of the class's working days.
+    int classWeek(int klass) const
+    {
+        int have = 0;
+        for (int i = 0; i < classDays(klass); ++i)
+            have += m.periodsOn(weekDay(cal, i));
+        return have;
+    }
+
     QString classBound(int klass) const
     {
-        const int need = demand([klass](const CompletionModel::Lesson &l) { return l.klass == klass; });
-        int days = 0;
-        for (const CompletionModel::Lesson &l : m.lessons())
-            if (l.klass == klass)
-                days = l.days;
-        int have = 0;
-        for (int i = 0; i < qMin(days, weekDays()); ++i)
-            have += m.periodsOn(weekDay(cal, i));
+        const int need = classNeed(klass);
+        const int have = classWeek(klass);
         if (need > have)
             return QStringLiteral("Class %1 Needs %2 Periods But Has Only %3 Periods On Its Working Days")
                 .arg(className(klass)).arg(need).arg(have);
         // Periods of the week none of the class's teachers can ever take, by the rules alone.
         int usable = 0;
-        for (int i = 0; i < qMin(days, weekDays()); ++i) {
+        for (int i = 0; i < classDays(klass); ++i) {
             const int day = weekDay(cal, i);
             for (int p = 1; p <= m.periodsOn(day); ++p)
                 usable += !ableTeachers(klass, day, p).isEmpty();
@@ -91,17 +107,9 @@ private:
     {
         QSet<int> able;
         for (int lesson : lessonsOfClass.value(klass))
-            if (ruleAllows(m.lessons()[lesson], day, period))
+            if (m.slotOpen(lesson, day, period, phaseOne))
                 able.insert(m.lessons()[lesson].teacher);
         return able;
-    }
-
-    bool ruleAllows(const CompletionModel::Lesson &l, int day, int period) const
-    {
-        if (day > l.days || period > m.periodsOn(day) || (phaseOne && (l.noMask & (1u << period))))
-            return false;
-        const PlacementRules::Range range = PlacementRules::FreeTypeRange(cal, l.freeType, period, m.periodsOn(day));
-        return PlacementRules::FreeTypeAllows(l.freeType, range.to - range.from + 1);
     }
 
 public:
@@ -112,15 +120,8 @@ public:
         QStringList found;
         QList<int> full; // classes that need every period of their week
         for (int k = 0; k < m.classCount(); ++k) {
-            const int need = demand([k](const CompletionModel::Lesson &l) { return l.klass == k; });
-            int days = 0;
-            for (const CompletionModel::Lesson &l : m.lessons())
-                if (l.klass == k)
-                    days = l.days;
-            int have = 0;
-            for (int i = 0; i < qMin(days, weekDays()); ++i)
-                have += m.periodsOn(weekDay(cal, i));
-            if (need > 0 && need >= have)
+            const int need = classNeed(k);
+            if (need > 0 && need >= classWeek(k))
                 full.append(k);
         }
         for (int i = 0; i < weekDays(); ++i) {
@@ -200,9 +201,7 @@ private:
     bool memberCanTake(int lesson, int day, int period) const
     {
         const CompletionModel::Lesson &l = m.lessons()[lesson];
-        if (day > l.days || period > m.periodsOn(day) || (phaseOne && (l.noMask & (1u << period))))
-            return false;
-        if (l.freeType < 1 || l.freeType > 3)
+        if (!m.slotOpen(lesson, day, period, phaseOne))
             return false;
         const int slot = m.slotOf(day, period);
         for (int holder : {m.classAt(l.klass, slot), m.teacherAt(l.teacher, slot)}) {

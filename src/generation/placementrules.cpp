@@ -34,16 +34,18 @@ Spread SpreadOf(int periods, int days, bool shortLastDay)
     return spread;
 }
 
+bool DayHoldingAllowed(const SchoolCalendar &calendar, const Spread &spread, int count, int first, int second)
+{
+    if (count <= 1)
+        return true;
+    if (count == 2)
+        return (spread.daily || spread.twice) && calendar.isMorning(first) != calendar.isMorning(second);
+    return spread.daily && spread.twice;
+}
+
 bool AnotherPeriodAllowed(const SchoolCalendar &calendar, const Spread &spread, int heldOnDay, int heldPeriod, int period)
 {
-    if (heldOnDay == 0)
-        return true;
-    if (heldOnDay == 1) {
-        if (!spread.daily && !spread.twice)
-            return false;
-        return calendar.isMorning(heldPeriod) != (period <= calendar.periodsInMorningSession);
-    }
-    return spread.daily && spread.twice;
+    return DayHoldingAllowed(calendar, spread, heldOnDay + 1, heldPeriod, period);
 }
 
 }

@@ -26,9 +26,11 @@ struct Spread
     bool twice = false;
 };
 Spread SpreadOf(int periods, int days, bool shortLastDay);
+// May the allotment hold `count` periods on one day, `first` and `second` two of them? One always; two need
+// `daily` or `twice` and stand in different sessions; three or more need both.
+bool DayHoldingAllowed(const SchoolCalendar &calendar, const Spread &spread, int count, int first, int second);
 // May the allotment take `period` on a day where it already holds `heldOnDay` periods (`heldPeriod` the
-// period of the one when it holds exactly one)? A second period needs `daily` or `twice` and the other
-// session; a third or more needs both.
+// period of the one when it holds exactly one)? The day's holding with it must be allowed.
 bool AnotherPeriodAllowed(const SchoolCalendar &calendar, const Spread &spread, int heldOnDay, int heldPeriod, int period);
 
 }

@@ -1,6 +1,7 @@
 #include "rulecheck.h"
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
 
 namespace {
@@ -37,15 +38,16 @@ private:
         return false;
     }
 
+    // A clash is said once per class or teacher and slot, at the second meeting there in table order, when
+    // either of the first two meetings holds a row the rules bind. Rows of no allotment are the user's own.
     void clashesAndSplits()
     {
-        QHash<quint64, int> classHolder, teacherHolder; // resource << 32 | slot -> meeting
         QSet<quint64> reported;
         for (int mi = 0; mi < m.meetings().size(); ++mi) {
             const CompletionModel::Meeting &meeting = m.meetings()[mi];
             if (meeting.day == 0)
                 continue;
-            const quint64 slot = quint64(m.slotOf(meeting.day, meeting.period));
+            const int slot = m.slotOf(meeting.day, meeting.period);
             QSet<int> lessons;
             for (int r : meeting.rows) {
                 const CompletionModel::Row &row = m.rows()[r];
@@ -55,23 +57,29 @@ private:
                 if (lessons.contains(row.lesson) && m.isGeneratorRow(row))
                     breaks << QStringLiteral("Class %1 Has The Same Period Twice In %2").arg(className(lesson.klass), at(meeting.day, meeting.period));
                 lessons.insert(row.lesson);
-                const quint64 c = quint64(lesson.klass) << 32 | slot;
-                const quint64 t = quint64(lesson.teacher) << 32 | slot | (quint64(1) << 63);
-                for (const auto &[key, holders, text] :
-                     {std::tuple{c, &classHolder, QStringLiteral("Class %1 Has Two Different Periods In %2").arg(className(lesson.klass), at(meeting.day, meeting.period))},
-                      std::tuple{t, &teacherHolder, QStringLiteral("Teacher %1 Is In Two Places In %2").arg(teacherName(lesson.teacher), at(meeting.day, meeting.period))}}) {
-                    const int holder = holders->value(key, -1);
-                    if (holder < 0)
-                        holders->insert(key, mi);
-                    else if (holder != mi && !reported.contains(key)
-                             && (bindsAny(meeting.rows) || bindsAny(m.meetings()[holder].rows))) {
-                        reported.insert(key);
-                        breaks << text;
-                    }
-                }
+                const quint64 c = quint64(lesson.klass) << 32 | quint64(slot);
+                const quint64 t = quint64(lesson.teacher) << 32 | quint64(slot) | (quint64(1) << 63);
+                if (clashesWithEarlier(mi, m.classHolders(lesson.klass, slot), c, reported))
+                    breaks << QStringLiteral("Class %1 Has Two Different Periods In %2").arg(className(lesson.klass), at(meeting.day, meeting.period));
+                if (clashesWithEarlier(mi, m.teacherHolders(lesson.teacher, slot), t, reported))
+                    breaks << QStringLiteral("Teacher %1 Is In Two Places In %2").arg(teacherName(lesson.teacher), at(meeting.day, meeting.period));
             }
             splitGroup(meeting, lessons);
         }
+    }
+
+    bool clashesWithEarlier(int meeting, const QList<int> &holders, quint64 key, QSet<quint64> &reported) const
+    {
+        if (holders.size() < 2 || reported.contains(key))
+            return false;
+        int first = meeting;
+        for (int h : holders)
+            if (m.rows()[m.meetings()[h].rows.first()].lesson >= 0)
+                first = qMin(first, h);
+        if (first == meeting || !(bindsAny(m.meetings()[meeting].rows) || bindsAny(m.meetings()[first].rows)))
+            return false;
+        reported.insert(key);
+        return true;
     }
 
     // A combined group's members stand together: a slot of the group lacks none of its members.
@@ -107,19 +115,17 @@ private:
     {
         const CompletionModel::Lesson &lesson = m.lessons()[row.lesson];
         const QString where = at(row.day, row.period);
-        if (row.day > lesson.days)
+        const unsigned bars = m.slotBars(row.lesson, row.day, row.period, row.data.manual == QLatin1String("1"));
+        if (bars & CompletionModel::DayNotWorked)
             breaks << QStringLiteral("Class %1 Does Not Work In %2").arg(className(lesson.klass), where);
-        if (row.period > m.periodsOn(row.day))
+        if (bars & CompletionModel::OutsideWeek)
             breaks << QStringLiteral("%1 Is Not A Period Of The Week").arg(where);
-        if (row.data.manual == QLatin1String("1") && (lesson.noMask & (1u << row.period)))
+        if (bars & CompletionModel::SetFree)
             breaks << QStringLiteral("Teacher %1 Or The Subject Is Set Free In %2").arg(teacherName(lesson.teacher), where);
-        const PlacementRules::Range range = PlacementRules::FreeTypeRange(cal, lesson.freeType, row.period, m.periodsOn(row.day));
-        int free = 0;
-        for (int p = range.from; p <= range.to; ++p)
-            free += m.teacherAt(lesson.teacher, m.slotOf(row.day, p)) == CompletionModel::Free;
-        // The rule asked for more than one free period before the placement, so one at least after it.
-        if (!PlacementRules::FreeTypeAllows(lesson.freeType, free + 1)) {
-            const QString key = QStringLiteral("%1/%2/%3").arg(lesson.teacher).arg(row.day).arg(range.from);
+        if (!m.keepsFreePeriod(row.lesson, row.day, row.period, {})) {
+            // Said once for the teacher's day, or session where the type counts sessions.
+            const int from = PlacementRules::FreeTypeRange(cal, lesson.freeType, row.period, m.periodsOn(row.day)).from;
+            const QString key = QStringLiteral("%1/%2/%3").arg(lesson.teacher).arg(row.day).arg(from);
             if (!m_freeReported.contains(key)) {
                 m_freeReported.insert(key);
                 breaks << QStringLiteral("Teacher %1 Has No Free Period Left In Day %2").arg(teacherName(lesson.teacher)).arg(row.day);
@@ -127,25 +133,22 @@ private:
         }
     }
 
+    // An allotment's days in order: a day of two or more periods is judged as the search judges a placement.
     void spreading()
     {
         for (int l = 0; l < m.lessons().size(); ++l) {
             const CompletionModel::Lesson &lesson = m.lessons()[l];
-            QHash<int, QList<int>> byDay;
+            QMap<int, QList<int>> byDay;
             for (int r : m.lessonRows(l))
                 byDay[m.rows()[r].day].append(r);
             for (auto it = byDay.cbegin(); it != byDay.cend(); ++it) {
                 const QList<int> &rows = it.value();
-                if (rows.size() < 2 || !bindsAny(rows))
+                if (rows.size() < 2 || !bindsAny(rows) || m.spreadKept(l, it.key(), {}, 0))
                     continue;
-                const bool fine = rows.size() == 2
-                    ? PlacementRules::AnotherPeriodAllowed(cal, lesson.spread, 1, m.rows()[rows[0]].period, m.rows()[rows[1]].period)
-                    : lesson.spread.daily && lesson.spread.twice;
-                if (!fine)
-                    breaks << QStringLiteral("%1 Of Class %2 Has %3 Periods In Day %4")
-                                  .arg(s.subjectNames.value(s.allotments[lesson.allotment].subject), className(lesson.klass))
-                                  .arg(rows.size())
-                                  .arg(it.key());
+                breaks << QStringLiteral("%1 Of Class %2 Has %3 Periods In Day %4")
+                              .arg(s.subjectNames.value(s.allotments[lesson.allotment].subject), className(lesson.klass))
+                              .arg(rows.size())
+                              .arg(it.key());
             }
         }
     }

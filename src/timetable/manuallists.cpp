@@ -1,4 +1,5 @@
 #include "manuallists.h"
+#include "routines.h"
 #include "sql.h"
 
 #include <QSqlQuery>
@@ -107,18 +108,10 @@ QList<QStringList> ManualLists::combinedTeacherRows(int ctGroup) const
 QList<OverAllottedClass> OverAllottedClasses(const QSqlDatabase &db, const SchoolCalendar &calendar)
 {
     QList<OverAllottedClass> classes;
-    QSqlQuery query = Sql(db).run(QStringLiteral(
-        "SELECT c.ClassName, d.DivisionName, SUM(w.NoOfSectionPeriods) FROM WorkAllotmentEntry w "
-        "JOIN TeacherMaster t ON t.TeacherCode = w.TeacherCode "
-        "JOIN SubjectMaster s ON s.SubjectCode = w.SubjectCode "
-        "JOIN ClassDivisionMaster c ON c.ClassCode = w.ClassCode "
-        "JOIN ClassDivisionDetails d ON d.ClassCode = w.ClassCode AND d.DivisionCode = w.DivisionCode "
-        "WHERE w.CTSystem IS NULL OR w.CTSystem = '' "
-        "GROUP BY w.ClassCode, w.DivisionCode ORDER BY w.ClassCode, w.DivisionCode"));
-    while (query.next()) {
-        const int difference = calendar.periodsPerWeek - qint16(query.value(2).toInt());
+    for (const AllottedTotal &total : AllottedTotals(db)) {
+        const int difference = calendar.periodsPerWeek - total.periods;
         if (difference < 0)
-            classes.append({query.value(0).toString().trimmed(), query.value(1).toString().trimmed(), difference});
+            classes.append({total.className, total.divisionName, difference});
     }
     return classes;
 }

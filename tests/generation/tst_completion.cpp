@@ -1,45 +1,16 @@
 #include "completionstore.h"
 #include "generationfixture.h"
-#include "phaseonechecks.h"
 #include "rulecheck.h"
 #include "sampleschool.h"
 
 #include <QTest>
-#include <limits>
 
 namespace {
-
-// One day of `periods` periods, all in the morning, or the week given; classes I (A, B) and II (A); teachers
-// and subjects 1 to `teachers`, each teacher busy for the whole week so that no free period is asked for.
-void buildSchool(TestStore &store, int days, int periods, int morning, int teachers)
-{
-    store.setUpSchool(days, periods, periods, morning);
-    store.exec(QStringLiteral("INSERT INTO ClassDivisionMaster VALUES (1, 'I', 2, 1), (2, 'II', 1, 2)"));
-    store.exec(QStringLiteral("INSERT INTO ClassDivisionDetails VALUES (1, 'A', 1), (1, 'B', 2), (2, 'A', 1)"));
-    for (int i = 1; i <= teachers; ++i) {
-        store.exec(QStringLiteral("INSERT INTO SubjectMaster VALUES (?, ?, ?)"),
-                   {i, QStringLiteral("Subject %1").arg(i), QStringLiteral("S%1").arg(i)});
-        store.addTeacher({i, QStringLiteral("Teacher %1").arg(i), QStringLiteral("T%1").arg(i), days * periods});
-    }
-    store.exec(QStringLiteral("INSERT INTO ClasswiseNoOfWorkingDays VALUES (1, ?), (2, ?)"), {days, days});
-    PhaseOneChecks::BuildFreePeriodDetails(store.db(), store.context().session.calendar);
-    store.exec(QStringLiteral("INSERT INTO AGP1Master VALUES ('NO')"));
-    store.exec(QStringLiteral("UPDATE TTCode SET PIStatus = 'Y'"));
-}
 
 void allotGroup(TestStore &store, int teacher, int classCode, int division, int subject, int periods, int ccGroup)
 {
     store.exec(QStringLiteral("INSERT INTO WorkAllotmentEntry VALUES (?, ?, ?, ?, ?, '', ?, '', 0, ?, 0, '', '')"),
                {teacher, classCode, division, subject, periods, ccGroup ? "CC" : "", ccGroup});
-}
-
-Completion::Settings quick()
-{
-    // Bounded by steps, not by the clock: the result must not depend on how busy the machine is.
-    Completion::Settings settings;
-    settings.timeLimitSeconds = std::numeric_limits<double>::infinity();
-    settings.iterationLimit = 200000;
-    return settings;
 }
 
 QString week(TestStore &store)
@@ -61,7 +32,7 @@ private slots:
         // Two days of two periods. Teacher 2 is held in II-A at period 1 on both days, so his two periods in
         // I-A must take period 2; the generator gave period 2 of day 1 to teacher 1.
         TestStore store;
-        buildSchool(store, 2, 2, 1, 2);
+        buildCompletionSchool(store, 2, 2, 1, 2);
         allot(store, 1, 1, 1, 1, 2);
         allot(store, 2, 1, 1, 2, 2);
         allot(store, 2, 2, 1, 2, 2);
@@ -70,7 +41,7 @@ private slots:
         place(store, 1, 1, 1, 2, 1, 1, "2");
         place(store, 1, 1, 2, 1, 1, 1, "2");
         place(store, 1, 1, 2, 2, 2, 2, "2");
-        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, quick());
+        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, stepBounded());
         QCOMPARE(report.outcome.openBefore, 1);
         QCOMPARE(report.outcome.openAfter, 0);
         QCOMPARE(report.outcome.placed, 1);
@@ -88,7 +59,7 @@ private slots:
         QString first;
         for (int run = 0; run < 2; ++run) {
             TestStore store;
-            buildSchool(store, 1, 3, 3, 4);
+            buildCompletionSchool(store, 1, 3, 3, 4);
             allot(store, 1, 1, 1, 1, 1);
             allot(store, 2, 1, 1, 2, 1);
             allot(store, 3, 1, 1, 3, 1);
@@ -101,7 +72,7 @@ private slots:
             place(store, 1, 1, 1, 1, 2, 2, "2");
             place(store, 1, 1, 1, 2, 1, 1, "2");
             const QString before = week(store);
-            const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, quick());
+            const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, stepBounded());
             QCOMPARE(report.outcome.openAfter, 0);
             QCOMPARE(report.outcome.moved, 2);
             QVERIFY(week(store).startsWith(before.section(' ', 0, 3))); // the hand rows stand as they were
@@ -119,7 +90,7 @@ private slots:
     {
         // Teacher 1 takes I-A and I-B together; teacher 2 can take I-A only at period 1, where the group stands.
         TestStore store;
-        buildSchool(store, 1, 3, 3, 3);
+        buildCompletionSchool(store, 1, 3, 3, 3);
         allotGroup(store, 1, 1, 1, 1, 1, 1);
         allotGroup(store, 1, 1, 2, 1, 1, 1);
         allot(store, 2, 1, 1, 2, 1);
@@ -128,7 +99,7 @@ private slots:
         place(store, 2, 1, 1, 3, 2, 2, "M");
         place(store, 1, 1, 1, 1, 1, 1, "1");
         place(store, 1, 2, 1, 1, 1, 1, "1");
-        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, quick());
+        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, stepBounded());
         QCOMPARE(report.outcome.openAfter, 0);
         QCOMPARE(report.outcome.moved, 2);
         const QStringList a = slotsOf(store, 1, 1, 1, 1);
@@ -143,7 +114,7 @@ private slots:
         // Teacher 1 is set free at period 3 and may not take period 1 (held by hand): only period 2 is left,
         // where the generator put teacher 2's Phase I period.
         TestStore store;
-        buildSchool(store, 1, 3, 3, 3);
+        buildCompletionSchool(store, 1, 3, 3, 3);
         store.exec(QStringLiteral("CREATE TABLE AGP1TeacherDetails (TeacherName TEXT, P1 TEXT, P2 TEXT, P3 TEXT, "
                                   "TeacherCode TEXT, NoOfPeriods TEXT, Counts TEXT, POLWDC TEXT)"));
         store.exec(QStringLiteral("INSERT INTO AGP1TeacherDetails VALUES ('Teacher 1', '', '', 'No', '1', '3', '1', ''), "
@@ -153,7 +124,7 @@ private slots:
         allot(store, 3, 1, 1, 3, 1);
         place(store, 1, 1, 1, 1, 3, 3, "M");
         place(store, 1, 1, 1, 2, 2, 2, "1");
-        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseOne, quick());
+        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseOne, stepBounded());
         QCOMPARE(report.outcome.openAfter, 0);
         QCOMPARE(slotsOf(store, 1, 1, 1, 1), QStringList{QStringLiteral("1:2")});
         QCOMPARE(slotsOf(store, 2, 1, 1, 2), QStringList{QStringLiteral("1:3")});
@@ -169,7 +140,7 @@ private slots:
     void impossibleWeekIsExplainedAndLeftAsItWas()
     {
         TestStore store;
-        buildSchool(store, 1, 3, 3, 4);
+        buildCompletionSchool(store, 1, 3, 3, 4);
         allot(store, 1, 1, 1, 1, 1);
         allot(store, 2, 1, 1, 2, 1);
         allot(store, 3, 1, 1, 3, 1);
@@ -178,7 +149,7 @@ private slots:
         place(store, 1, 1, 1, 2, 2, 2, "2");
         place(store, 1, 1, 1, 3, 3, 3, "M");
         const QString before = week(store);
-        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, quick());
+        const CompletionReport report = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, stepBounded());
         QCOMPARE(report.outcome.openAfter, 1);
         QCOMPARE(report.outcome.moved, 0);
         QCOMPARE(week(store), before);
@@ -207,7 +178,7 @@ private slots:
         QVERIFY(report.breaksAfter <= report.breaksBefore);
 
         // Then a full run finishes the medium school's week without a break.
-        const CompletionReport full = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, quick());
+        const CompletionReport full = CompleteTimetable(store.db(), CompletionStage::PhaseTwo, stepBounded());
         QCOMPARE(full.outcome.openAfter, 0);
         QCOMPARE(CheckStoredTimetable(store.db()), QStringList());
     }
@@ -216,7 +187,7 @@ private slots:
     {
         // Two days of three periods, two in the morning.
         TestStore store;
-        buildSchool(store, 2, 3, 2, 2);
+        buildCompletionSchool(store, 2, 3, 2, 2);
         allot(store, 1, 1, 1, 1, 1);
         allot(store, 1, 1, 2, 1, 1);
         allot(store, 2, 2, 1, 2, 3);

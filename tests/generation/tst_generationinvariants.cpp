@@ -1,5 +1,6 @@
 #include "generationfixture.h"
 #include "sampleschool.h"
+#include "timetablechecks.h"
 
 #include <QTest>
 
@@ -40,18 +41,10 @@ private slots:
         for (int press = 0; press < 2 && result.openPeriods > 0; ++press)
             result = engine.fixBalancePeriods(messages, {});
 
-        // A teacher stands twice in a slot only inside one Combined Class group.
-        QCOMPARE(store.scalar(QStringLiteral(
-            "SELECT COUNT(*) FROM (SELECT t.TeacherCode FROM TimeTable t JOIN WorkAllotmentEntry w ON w.TeacherCode = "
-            "t.TeacherCode AND w.ClassCode = t.ClassCode AND w.DivisionCode = t.DivisionCode AND w.SubjectCode = "
-            "t.SubjectCode GROUP BY t.TeacherCode, t.DayCode, t.PeriodCode HAVING COUNT(*) > 1 AND "
-            "(MIN(IFNULL(w.CCGroupNo, 0)) = 0 OR COUNT(DISTINCT w.CCGroupNo) > 1))")).toInt(), 0);
-        // A class division holds two rows in a slot only inside one Combined Teacher group.
-        QCOMPARE(store.scalar(QStringLiteral(
-            "SELECT COUNT(*) FROM (SELECT t.ClassCode FROM TimeTable t JOIN WorkAllotmentEntry w ON w.TeacherCode = "
-            "t.TeacherCode AND w.ClassCode = t.ClassCode AND w.DivisionCode = t.DivisionCode AND w.SubjectCode = "
-            "t.SubjectCode GROUP BY t.ClassCode, t.DivisionCode, t.DayCode, t.PeriodCode HAVING COUNT(*) > 1 AND "
-            "(MIN(IFNULL(w.CTGroupNo, 0)) = 0 OR COUNT(DISTINCT w.CTGroupNo) > 1))")).toInt(), 0);
+        // A teacher stands twice in a slot only inside one Combined Class group, a class division holds two rows
+        // only inside one Combined Teacher group.
+        QCOMPARE(store.scalar(TimetableChecks::teacherClashes()).toInt(), 0);
+        QCOMPARE(store.scalar(TimetableChecks::classClashes()).toInt(), 0);
         // Every period is placed or listed as pending, never both and never more than allotted.
         QCOMPARE(store.scalar(QStringLiteral(
             "SELECT COUNT(*) FROM WorkAllotmentEntry w JOIN AutoGenPhase2 a ON a.TeacherCode = w.TeacherCode AND "
@@ -60,22 +53,10 @@ private slots:
             "t.ClassCode = w.ClassCode AND t.DivisionCode = w.DivisionCode AND t.SubjectCode = w.SubjectCode) <> "
             "w.NoOfSectionPeriods")).toInt(), 0);
         QCOMPARE(store.count(QStringLiteral("AutoGenPhase2")), store.count(QStringLiteral("WorkAllotmentEntry")));
-        // The members of a group share every slot.
-        QCOMPARE(store.scalar(QStringLiteral(
-            "SELECT COUNT(*) FROM WorkAllotmentEntry a JOIN WorkAllotmentEntry b ON ((a.CPGroupNo > 0 AND a.CPGroupNo = "
-            "b.CPGroupNo) OR (a.CCGroupNo > 0 AND a.CCGroupNo = b.CCGroupNo) OR (a.CTGroupNo > 0 AND a.CTGroupNo = "
-            "b.CTGroupNo)) JOIN TimeTable t ON t.TeacherCode = a.TeacherCode AND t.ClassCode = a.ClassCode AND "
-            "t.DivisionCode = a.DivisionCode AND t.SubjectCode = a.SubjectCode WHERE NOT EXISTS (SELECT 1 FROM TimeTable "
-            "u WHERE u.TeacherCode = b.TeacherCode AND u.ClassCode = b.ClassCode AND u.DivisionCode = b.DivisionCode "
-            "AND u.SubjectCode = b.SubjectCode AND u.DayCode = t.DayCode AND u.PeriodCode = t.PeriodCode)")).toInt(), 0);
-        // The week's bounds: the short last day and the class's own working days.
-        QCOMPARE(store.scalar(QStringLiteral(
-            "SELECT COUNT(*) FROM TimeTable t, SchoolSetup s WHERE t.DayCode > s.NoOfWorkingDays OR t.DayCode < 1 OR "
-            "t.PeriodCode < 1 OR t.PeriodCode > s.PeriodsPerDay OR (t.DayCode = s.NoOfWorkingDays AND t.PeriodCode > "
-            "s.PeriodsOnLastWorkingDay)")).toInt(), 0);
-        QCOMPARE(store.scalar(QStringLiteral(
-            "SELECT COUNT(*) FROM TimeTable t JOIN ClasswiseNoOfWorkingDays c ON c.ClassCode = t.ClassCode WHERE "
-            "t.DayCode > c.NoOfWorkingDays")).toInt(), 0);
+        // The members of a group share every slot; the week's bounds and the class's own working days hold.
+        QCOMPARE(store.scalar(TimetableChecks::splitGroups()).toInt(), 0);
+        QCOMPARE(store.scalar(TimetableChecks::outsideWeek()).toInt(), 0);
+        QCOMPARE(store.scalar(TimetableChecks::offClassDays()).toInt(), 0);
         QVERIFY(store.count(QStringLiteral("TimeTable")) > 0);
     }
 };

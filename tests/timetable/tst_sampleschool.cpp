@@ -3,6 +3,7 @@
 #include "sql.h"
 #include "storeerror.h"
 #include "teststore.h"
+#include "timetablechecks.h"
 #include "transaction.h"
 
 #include <QSqlQuery>
@@ -168,38 +169,17 @@ private slots:
                               "t.SubjectCode = w.SubjectCode AND t.CC = IFNULL(w.CCSystem, '') AND t.CT = IFNULL(w.CTSystem, '')"),
                  store.count(QStringLiteral("TimeTable")));
         // Each class division has one main row in every period of the week, and none beyond it.
-        QCOMPARE(count(store, "SELECT COUNT(*) FROM TimeTable t, SchoolSetup s WHERE t.DayCode < 1 OR t.DayCode > "
-                              "s.NoOfWorkingDays OR t.PeriodCode < 1 OR t.PeriodCode > s.PeriodsPerDay OR "
-                              "(t.DayCode = s.NoOfWorkingDays AND t.PeriodCode > s.PeriodsOnLastWorkingDay)"),
-                 0);
+        QCOMPARE(store.scalar(TimetableChecks::outsideWeek()).toInt(), 0);
         QCOMPARE(count(store, "SELECT COUNT(DISTINCT ClassCode * 10000 + DivisionCode * 100 + DayCode * 10 + PeriodCode) "
                               "FROM TimeTable WHERE CT = ''"),
                  summary.classDivisions * summary.periodsPerWeek);
         QCOMPARE(count(store, "SELECT COUNT(*) FROM TimeTable WHERE CT = ''"), summary.classDivisions * summary.periodsPerWeek);
         // A teacher stands twice in a slot only inside one Combined Class group, a class division holds two rows
         // only inside one Combined Teacher group.
-        QCOMPARE(count(store, "SELECT COUNT(*) FROM (SELECT t.TeacherCode FROM TimeTable t JOIN WorkAllotmentEntry w ON "
-                              "w.TeacherCode = t.TeacherCode AND w.ClassCode = t.ClassCode AND w.DivisionCode = "
-                              "t.DivisionCode AND w.SubjectCode = t.SubjectCode GROUP BY t.TeacherCode, t.DayCode, "
-                              "t.PeriodCode HAVING COUNT(*) > 1 AND (MIN(IFNULL(w.CCGroupNo, 0)) = 0 OR "
-                              "COUNT(DISTINCT w.CCGroupNo) > 1))"),
-                 0);
-        QCOMPARE(count(store, "SELECT COUNT(*) FROM (SELECT t.ClassCode FROM TimeTable t JOIN WorkAllotmentEntry w ON "
-                              "w.TeacherCode = t.TeacherCode AND w.ClassCode = t.ClassCode AND w.DivisionCode = "
-                              "t.DivisionCode AND w.SubjectCode = t.SubjectCode GROUP BY t.ClassCode, t.DivisionCode, "
-                              "t.DayCode, t.PeriodCode HAVING COUNT(*) > 1 AND (MIN(IFNULL(w.CTGroupNo, 0)) = 0 OR "
-                              "COUNT(DISTINCT w.CTGroupNo) > 1))"),
-                 0);
+        QCOMPARE(store.scalar(TimetableChecks::teacherClashes()).toInt(), 0);
+        QCOMPARE(store.scalar(TimetableChecks::classClashes()).toInt(), 0);
         // The members of a group share every slot.
-        QCOMPARE(count(store, "SELECT COUNT(*) FROM WorkAllotmentEntry a JOIN WorkAllotmentEntry b ON ((a.CPGroupNo > 0 "
-                              "AND a.CPGroupNo = b.CPGroupNo) OR (a.CCGroupNo > 0 AND a.CCGroupNo = b.CCGroupNo) OR "
-                              "(a.CTGroupNo > 0 AND a.CTGroupNo = b.CTGroupNo)) JOIN TimeTable t ON t.TeacherCode = "
-                              "a.TeacherCode AND t.ClassCode = a.ClassCode AND t.DivisionCode = a.DivisionCode AND "
-                              "t.SubjectCode = a.SubjectCode WHERE NOT EXISTS (SELECT 1 FROM TimeTable u WHERE "
-                              "u.TeacherCode = b.TeacherCode AND u.ClassCode = b.ClassCode AND u.DivisionCode = "
-                              "b.DivisionCode AND u.SubjectCode = b.SubjectCode AND u.DayCode = t.DayCode AND "
-                              "u.PeriodCode = t.PeriodCode)"),
-                 0);
+        QCOMPARE(store.scalar(TimetableChecks::splitGroups()).toInt(), 0);
         // Each class teacher's subject stands at the uniform period on every working day.
         QCOMPARE(count(store, "SELECT COUNT(*) FROM TeacherMaster m JOIN TimeTable t ON t.TeacherCode = m.TeacherCode "
                               "AND t.ClassCode = m.ClassCode AND t.DivisionCode = m.DivisionCode AND t.SubjectCode = "
