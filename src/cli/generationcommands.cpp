@@ -6,6 +6,7 @@
 #include "random.h"
 #include "sql.h"
 
+#include <cmath>
 #include <QElapsedTimer>
 
 #include <limits>
@@ -199,8 +200,8 @@ bool readGenerationOptions(const QCommandLineParser &parser, GenerationOptions *
         return false;
     }
     qint64 presses = 0;
-    if (!count("fix-presses", 0, &presses) || presses > std::numeric_limits<int>::max()) {
-        err << "--fix-presses takes a number of 0 or more\n";
+    if (!count("fix-presses", 0, &presses) || presses > 100) {
+        err << "--fix-presses takes a number from 0 to 100\n";
         return false;
     }
     options->fixPresses = int(presses);
@@ -211,8 +212,8 @@ bool readGenerationOptions(const QCommandLineParser &parser, GenerationOptions *
     options->complete = parser.isSet(QStringLiteral("complete"));
     bool seconds = false;
     options->timeLimit = parser.value(QStringLiteral("time-limit")).toDouble(&seconds);
-    if (!seconds || options->timeLimit <= 0) {
-        err << "--time-limit takes a number of seconds above 0\n";
+    if (!seconds || !std::isfinite(options->timeLimit) || options->timeLimit <= 0 || options->timeLimit > 86400) {
+        err << "--time-limit takes a number of seconds above 0 and up to 86400\n";
         return false;
     }
     return true;

@@ -142,10 +142,16 @@ private slots:
         QTest::newRow("unknown option") << QList<QStringList>{SmallSchool} << Change::None
                                         << QStringList{QStringLiteral("generate"), QStringLiteral("--fast")} << 2
                                         << QStringList{QStringLiteral("Unknown option 'fast'")};
-        QTest::newRow("value out of range") << QList<QStringList>{SmallSchool} << Change::None
-                                            << QStringList{QStringLiteral("complete"), QStringLiteral("--time-limit"),
-                                                           QStringLiteral("0")}
-                                            << 2 << QStringList{QStringLiteral("--time-limit takes")};
+        for (const char *seconds : {"0", "nan", "inf", "86401"})
+            QTest::addRow("time limit %s", seconds)
+                << QList<QStringList>{SmallSchool} << Change::None
+                << QStringList{QStringLiteral("complete"), QStringLiteral("--time-limit"), QLatin1String(seconds)} << 2
+                << QStringList{QStringLiteral("--time-limit takes")};
+        for (const char *presses : {"101", "4294967295", "-1"})
+            QTest::addRow("presses %s", presses)
+                << QList<QStringList>{SmallSchool} << Change::None
+                << QStringList{QStringLiteral("generate"), QStringLiteral("--fix-presses"), QLatin1String(presses)} << 2
+                << QStringList{QStringLiteral("--fix-presses takes a number from 0 to 100")};
         QTest::newRow("unknown command") << QList<QStringList>{} << Change::None << QStringList{QStringLiteral("place")}
                                          << 2 << QStringList{QStringLiteral("Unknown command: place")};
         QTest::newRow("words after the command") << QList<QStringList>{SmallSchool} << Change::None
