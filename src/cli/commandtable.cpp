@@ -33,6 +33,27 @@ const QList<CliOption> &allOptions()
         {{QStringLiteral("login")}, QStringLiteral("ID"), QStringLiteral("user add: the login ID"), QString()},
         {{QStringLiteral("all-privileges")}, QString(), QStringLiteral("user add: grant every screen and button"),
          QString()},
+        {{QStringLiteral("list")}, QString(), QStringLiteral("report: name every report and what it asks for"), QString()},
+        {{QStringLiteral("format")}, QStringLiteral("txt|xlsx|pdf"),
+         QStringLiteral("report: text file, spreadsheet or printed report"), QString()},
+        {{QStringLiteral("out")}, QStringLiteral("FILE"), QStringLiteral("report: the file to write"), QString()},
+        {{QStringLiteral("class")}, QStringLiteral("C"), QStringLiteral("report: class, by name or code"), QString()},
+        {{QStringLiteral("division")}, QStringLiteral("D"), QStringLiteral("report: division of the class, by name or code"),
+         QString()},
+        {{QStringLiteral("teacher")}, QStringLiteral("T"), QStringLiteral("report: teacher, by name, short name or code"),
+         QString()},
+        {{QStringLiteral("subject")}, QStringLiteral("S"), QStringLiteral("report: subject, by name, short name or code"),
+         QString()},
+        {{QStringLiteral("day")}, QStringLiteral("D"), QStringLiteral("report: day, by name or day number"), QString()},
+        {{QStringLiteral("period")}, QStringLiteral("P"), QStringLiteral("report: period, by name or number"), QString()},
+        {{QStringLiteral("from")}, QStringLiteral("DATE"), QStringLiteral("report: first date, YYYY-MM-DD"), QString()},
+        {{QStringLiteral("to")}, QStringLiteral("DATE"), QStringLiteral("report: last date, YYYY-MM-DD"), QString()},
+        {{QStringLiteral("order")}, QStringLiteral("ORDER"),
+         QStringLiteral("report: sort or grouping, by its option's words (TeacherName, Classwise, ...)"), QString()},
+        {{QStringLiteral("day-wise")}, QString(), QStringLiteral("report: the day-wise text file, not the full week"),
+         QString()},
+        {{QStringLiteral("without-separator")}, QString(), QStringLiteral("report: the text file without separators"),
+         QString()},
     };
     return options;
 }
@@ -128,6 +149,13 @@ const QList<CliCommand> &commands()
         {QStringLiteral("user"), QStringLiteral("add NAME --login ID [--all-privileges] | list"),
          QStringLiteral("add a user with a login (password on standard input), or list the users"),
          {QStringLiteral("login"), QStringLiteral("all-privileges")}, Codes::Plain},
+        {QStringLiteral("report"), QStringLiteral("NAME --format txt|xlsx|pdf --out FILE [selections] | --list"),
+         QStringLiteral("write a report to a file, as its screen would; --list names the reports"),
+         {QStringLiteral("list"), QStringLiteral("format"), QStringLiteral("out"), QStringLiteral("class"),
+          QStringLiteral("division"), QStringLiteral("teacher"), QStringLiteral("subject"), QStringLiteral("day"),
+          QStringLiteral("period"), QStringLiteral("from"), QStringLiteral("to"), QStringLiteral("order"),
+          QStringLiteral("day-wise"), QStringLiteral("without-separator")},
+         Codes::Plain},
     };
     return list;
 }
@@ -211,7 +239,7 @@ const CliCommand *parse(QCommandLineParser &parser, const QStringList &arguments
             return nullptr;
         }
     }
-    if (command->name != QLatin1String("user") && words.size() > 1) {
+    if (command->name != QLatin1String("user") && command->name != QLatin1String("report") && words.size() > 1) {
         err << command->name << " takes no word after it: " << words.mid(1).join(QLatin1Char(' ')) << '\n'
             << usage(command->name, command->arguments);
         return nullptr;

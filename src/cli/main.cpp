@@ -1,5 +1,6 @@
 #include "commandtable.h"
 #include "generationcommands.h"
+#include "reportcommand.h"
 #include "sampleschool.h"
 #include "schoolcalendar.h"
 #include "sql.h"
@@ -8,6 +9,7 @@
 #include "usercommands.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -92,6 +94,8 @@ int runCommand(const CliCommand &command, const QCommandLineParser &parser, cons
         printStatus(db);
     } else if (name == QLatin1String("check")) {
         code = checkRules(db, out);
+    } else if (name == QLatin1String("report")) {
+        code = runReport(db, parser, out, err);
     } else if (name == QLatin1String("user")) {
         QTextStream in(stdin);
         code = runUserCommand(db, parser.positionalArguments(), parser.value(QStringLiteral("login")),
@@ -108,11 +112,28 @@ int runCommand(const CliCommand &command, const QCommandLineParser &parser, cons
 // are in commandtable.cpp.
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    // Printed reports need fonts, so a report run has a (windowless) GUI application; the others need none.
+    const bool report = std::any_of(argv + 1, argv + argc, [](const char *word) { return qstrcmp(word, "report") == 0; });
+    if (report && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (report && qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        // A private runtime folder, as a desktop session would give, so that no warning is printed for its lack.
+        const QString runtime = QDir::temp().filePath(QStringLiteral("ttcli-runtime-%1").arg(qEnvironmentVariable("USER")));
+        QDir().mkpath(runtime);
+        QFile::setPermissions(runtime, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+        qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    }
+    std::unique_ptr<QCoreApplication> app = report ? std::make_unique<QGuiApplication>(argc, argv)
+                                                   : std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ttcli"));
     QCommandLineParser parser;
     int code = ExitCode::Refused;
-    const CliCommand *command = CommandTable::parse(parser, app.arguments(), out, err, &code);
+    const CliCommand *command = CommandTable::parse(parser, QCoreApplication::arguments(), out, err, &code);
+    if (command && command->name == QLatin1String("report") && parser.isSet(QStringLiteral("list"))) {
+        listReports(out);
+        command = nullptr;
+        code = ExitCode::Done;
+    }
     if (command) {
         const QString folder = parser.isSet(QStringLiteral("data")) ? parser.value(QStringLiteral("data"))
                                                                      : QDir::currentPath();

@@ -6,6 +6,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -243,33 +244,42 @@ QString newSheetPath(const QString &folder, const QString &title)
 
 }
 
-ReportFile ExportGridToExcel(const AppContext &ctx, const ReportGrid &grid, int lastRow, int lastCol,
-                             const QString &title, const QString &subtitle, bool dayBands)
+ReportFile writeGridSheet(const QString &path, const SchoolHeading &heading, const SchoolCalendar &calendar,
+                          const ReportGrid &grid, int lastRow, int lastCol, const QString &title,
+                          const QString &subtitle, bool dayBands)
 {
     ReportFile result;
-    QString path;
     try {
         if (lastRow < 0 || lastCol < 0)
             throw SheetError{QStringLiteral("nothing to export")};
-        Sheet sheet = layOut(LoadSchoolHeading(ctx.db()), grid, lastRow, lastCol, title, subtitle);
+        Sheet sheet = layOut(heading, grid, lastRow, lastCol, title, subtitle);
         if (dayBands)
-            addDayBands(sheet, ctx.session.calendar);
-        const QString folder = ctx.tempFolder.isEmpty() ? QDir::tempPath() : ctx.tempFolder;
-        if (!QDir().mkpath(folder))
-            throw SheetError{QStringLiteral("cannot make the folder %1").arg(folder)};
-        path = newSheetPath(folder, title);
-        SheetWriter writer(path, folder);
+            addDayBands(sheet, calendar);
+        SheetWriter writer(path, QFileInfo(path).absolutePath());
         writer.write(sheet);
         writer.close();
         result.path = path;
-    } catch (const StoreError &error) {
-        qWarning() << "Export failed:" << error.text();
-        result.error = exportFailedText();
     } catch (const SheetError &error) {
         qWarning() << "Export failed:" << error.cause;
         result.error = exportFailedText();
-        if (!path.isEmpty())
-            QFile::remove(path);
+        QFile::remove(path);
     }
     return result;
+}
+
+ReportFile ExportGridToExcel(const AppContext &ctx, const ReportGrid &grid, int lastRow, int lastCol,
+                             const QString &title, const QString &subtitle, bool dayBands)
+{
+    const QString folder = ctx.tempFolder.isEmpty() ? QDir::tempPath() : ctx.tempFolder;
+    if (!QDir().mkpath(folder)) {
+        qWarning() << "Export failed: cannot make the folder" << folder;
+        return {QString(), exportFailedText()};
+    }
+    try {
+        return writeGridSheet(newSheetPath(folder, title), LoadSchoolHeading(ctx.db()), ctx.session.calendar, grid,
+                              lastRow, lastCol, title, subtitle, dayBands);
+    } catch (const StoreError &error) {
+        qWarning() << "Export failed:" << error.text();
+        return {QString(), exportFailedText()};
+    }
 }

@@ -1,6 +1,8 @@
 #pragma once
 #include "gridtextfile.h"
 #include "reportgrid.h"
+#include "routines.h"
+#include "schoolcalendar.h"
 
 #include <QString>
 
@@ -17,5 +19,9 @@ inline QString exportFailedText()
 // fitted to their texts. `dayBands` is for the all-classes and all-teachers grids, whose two heading rows
 // have each day spanning its periods: the day names are merged over their periods.
 // On failure the path is empty and the error is exportFailedText(); the cause goes to the warning log.
+// The same sheet written to `path`, for a run without a window.
+ReportFile writeGridSheet(const QString &path, const SchoolHeading &heading, const SchoolCalendar &calendar,
+                          const ReportGrid &grid, int lastRow, int lastCol, const QString &title,
+                          const QString &subtitle, bool dayBands);
 ReportFile ExportGridToExcel(const AppContext &ctx, const ReportGrid &grid, int lastRow, int lastCol,
                              const QString &title, const QString &subtitle, bool dayBands);

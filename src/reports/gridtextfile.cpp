@@ -85,6 +85,13 @@ ReportFile write(const QString &folder, const QString &baseName, const QStringLi
         result.error = QStringLiteral("\"%1\" is not a legal file name.").arg(fileName);
         return result;
     }
+    return writeTo(result.path, lines);
+}
+
+ReportFile writeTo(const QString &path, const QStringList &lines)
+{
+    ReportFile result;
+    result.path = path;
     QSaveFile file(result.path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
         result.error = QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(result.path),

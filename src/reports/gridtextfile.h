@@ -29,5 +29,7 @@ QStringList weekLines(const SchoolHeading &heading, const QString &title, const 
 
 // Writes `lines` to "<folder>/<baseName>.txt", replacing an earlier file of that name.
 ReportFile write(const QString &folder, const QString &baseName, const QStringList &lines);
+// Writes `lines` to `path`, replacing an earlier file.
+ReportFile writeTo(const QString &path, const QStringList &lines);
 
 }
