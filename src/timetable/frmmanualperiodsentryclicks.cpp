@@ -14,13 +14,9 @@
 
 namespace {
 // A list with the blank row first; refills are not the user's choice, so they stay silent.
-void refill(QComboBox *combo, const QList<ManualLists::Item> &items)
+void refill(QComboBox *combo, const QList<CodeName> &items)
 {
-    QList<CodeName> entries;
-    entries.reserve(items.size());
-    for (const ManualLists::Item &item : items)
-        entries.append({item.code, item.name});
-    CodeCombo::fill(combo, entries, true);
+    CodeCombo::fill(combo, items, true);
 }
 
 // Shows the panel with its rows; a group with no rows keeps its panel hidden.

@@ -5,30 +5,30 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 
-QList<ManualLists::Item> ManualLists::items(const QString &statement, const QVariantList &values) const
+QList<CodeName> ManualLists::items(const QString &statement, const QVariantList &values) const
 {
-    QList<Item> list;
+    QList<CodeName> list;
     QSqlQuery query = Sql(m_db).run(statement, values);
     while (query.next())
         list.append({query.value(0).toInt(), query.value(1).toString().trimmed()});
     return list;
 }
 
-QList<ManualLists::Item> ManualLists::classes() const
+QList<CodeName> ManualLists::classes() const
 {
     return items(QStringLiteral("SELECT ClassCode, ClassName FROM ClassDivisionMaster WHERE ClassCode > 0 "
                                 "ORDER BY ClassOrder, ClassCode"),
                  {});
 }
 
-QList<ManualLists::Item> ManualLists::divisions(int classCode) const
+QList<CodeName> ManualLists::divisions(int classCode) const
 {
     return items(QStringLiteral("SELECT DivisionCode, DivisionName FROM ClassDivisionDetails WHERE ClassCode = ? "
                                 "AND DivisionCode > 0 ORDER BY DivisionCode"),
                  {classCode});
 }
 
-QList<ManualLists::Item> ManualLists::subjects(int classCode, int division) const
+QList<CodeName> ManualLists::subjects(int classCode, int division) const
 {
     return items(QStringLiteral("SELECT DISTINCT w.SubjectCode, s.SubjectName FROM WorkAllotmentEntry w "
                                 "JOIN SubjectMaster s ON s.SubjectCode = w.SubjectCode "

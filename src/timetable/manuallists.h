@@ -1,4 +1,5 @@
 #pragma once
+#include "codename.h"
 #include "placement.h"
 
 #include <QStringList>
@@ -7,12 +8,6 @@
 class ManualLists
 {
 public:
-    struct Item
-    {
-        int code = 0;
-        QString name;
-    };
-
     // What choosing a subject of a class division brings along: its teacher and its groups.
     struct SubjectChoice
     {
@@ -25,10 +20,10 @@ public:
     explicit ManualLists(const QSqlDatabase &db) : m_db(db) {}
 
     // Classes above code 0 in the school's class order.
-    QList<Item> classes() const;
-    QList<Item> divisions(int classCode) const;
+    QList<CodeName> classes() const;
+    QList<CodeName> divisions(int classCode) const;
     // Every subject allotted to the class division, generated rows of combined groups included.
-    QList<Item> subjects(int classCode, int division) const;
+    QList<CodeName> subjects(int classCode, int division) const;
     SubjectChoice subjectChoice(int classCode, int division, int subject) const;
 
     // Rows of the combined subject group: teacher, class, division, subject, periods.
@@ -39,7 +34,7 @@ public:
     QList<QStringList> combinedTeacherRows(int ctGroup) const;
 
 private:
-    QList<Item> items(const QString &statement, const QVariantList &values) const;
+    QList<CodeName> items(const QString &statement, const QVariantList &values) const;
     QList<QStringList> rows(const QString &statement, int group) const;
 
     QSqlDatabase m_db;
