@@ -22,10 +22,14 @@ install_missing() {
     fi
 }
 
+# build DIR TYPE [TARGET...]: configure and build; with targets, only those and what they need.
 build() {
     local dir=$1 type=$2
+    shift 2
     cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE="$type" >/dev/null
-    cmake --build "$dir" -j "$(nproc)"
+    local targets=()
+    for t in "$@"; do targets+=(--target "$t"); done
+    cmake --build "$dir" -j "$(nproc)" "${targets[@]}"
 }
 
 install_missing
@@ -36,7 +40,8 @@ case "${1:-run}" in
         QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$(nproc)"
         ;;
     run)
-        build build Release
+        # Only the program and its tool: the tests and benchmarks are built by ./run.sh test.
+        build build Release zarlo-timetable ttcli
         exec ./build/src/app/zarlo-timetable
         ;;
     *)
